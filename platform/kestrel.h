@@ -1,0 +1,156 @@
+// kestrel64.dll: the process-data library. The process list provider (TL_PROCESSLIST) with its per-process
+// records, and image version data. The program delay-loads this library, so it exports functions and
+// methods only, never data, and the provider object can be constructed before the library is loaded.
+#pragma once
+#include <windows.h>
+#include <commctrl.h>
+
+#ifdef KESTREL_BUILD
+#define KESTREL_API __declspec(dllexport)
+#else
+#define KESTREL_API __declspec(dllimport)
+#endif
+
+namespace kestrel {
+
+namespace detail {
+class ProcessListImpl;
+struct ImageInfoData;
+}
+
+// Durations (kernel time, user time, run time, CPU time) are packed into a SYSTEMTIME as follows:
+// wYear = wMonth = wDayOfWeek = 0, wDay = whole days (at most 65535), wHour, wMinute, wSecond,
+// wMilliseconds = the rest. Points in time (creation time) are ordinary local SYSTEMTIMEs; a year of 0
+// or 1601 means unknown.
+
+// Counters of one process that change with every update. Owned by the provider; valid until the next
+// Update(). Memory figures are bytes, saturated at 0xFFFFFFFF; deltas are changes since the previous update.
+class _TASKDATADYNAMIC {
+public:
+    KESTREL_API unsigned GetIOReadTransferDelta() const;
+    KESTREL_API unsigned GetIOWriteTransferDelta() const;
+    KESTREL_API unsigned GetIOOtherTransferDelta() const;
+    KESTREL_API unsigned long long GetIOReadTransferBytes() const;
+    KESTREL_API unsigned long long GetIOWriteTransferBytes() const;
+    KESTREL_API unsigned long long GetIOOtherTransferBytes() const;
+    KESTREL_API unsigned long long GetIOReadOperationCount() const;
+    KESTREL_API unsigned long long GetIOWriteOperationCount() const;
+    KESTREL_API unsigned long long GetIOOtherOperationCount() const;
+    // Bytes of all three kinds per second, over the time actually measured between the last two updates.
+    KESTREL_API unsigned long long GetIOTransferRate() const;
+    KESTREL_API unsigned GetGDIObjectCount() const;
+    KESTREL_API unsigned GetUserObjectCount() const;
+    KESTREL_API unsigned GetPagefaultCount() const;
+    KESTREL_API unsigned GetPhysicalMemoryBytes() const;
+    KESTREL_API unsigned GetPhysicalMemoryPeak() const;
+    KESTREL_API int GetPhysicalMemoryDelta() const;
+    KESTREL_API unsigned GetPagefileBytes() const;
+    KESTREL_API unsigned GetPagefilePeak() const;
+    KESTREL_API int GetPagefileDelta() const;
+    KESTREL_API unsigned GetTotalMemoryBytes() const;   // working set plus page-file usage
+    KESTREL_API unsigned GetTotalMemoryPeak() const;
+    KESTREL_API int GetTotalMemoryDelta() const;
+    KESTREL_API unsigned GetPrivateBytes() const;
+    KESTREL_API SYSTEMTIME GetCPUTime() const;          // kernel plus user time, packed as a duration
+
+protected:
+    _TASKDATADYNAMIC() = default;   // records are made by the provider only
+};
+
+// Data fixed for a process's life. Owned by the provider; valid until the next Update(). Never null strings.
+class _TASKDATASTATIC {
+public:
+    KESTREL_API const wchar_t* GetUsername() const;      // "DOMAIN\user"; "" when the token cannot be read
+    KESTREL_API const wchar_t* GetCommandLineW() const;  // "" when the process cannot be read
+
+protected:
+    _TASKDATASTATIC() = default;
+};
+
+// Version data of one image file; the caller keeps it on its own stack.
+class _IMAGEINFO {
+public:
+    constexpr _IMAGEINFO() noexcept = default;
+    KESTREL_API ~_IMAGEINFO();
+    _IMAGEINFO(const _IMAGEINFO&) = delete;
+    _IMAGEINFO& operator=(const _IMAGEINFO&) = delete;
+
+    // Reads the version resource and the link time stamp of the file; non-zero on success.
+    KESTREL_API int LoadVersionInfo(const wchar_t* path);
+    // File description, or the file name when the file has none.
+    KESTREL_API const wchar_t* GetDisplayName() const;
+    KESTREL_API const wchar_t* GetCompanyName() const;
+    KESTREL_API const wchar_t* GetProductName() const;
+    // Buffer forms: copy the text (cut to length - 1 characters, always terminated) and return buffer.
+    KESTREL_API wchar_t* GetProductName(wchar_t* buffer, unsigned length) const;
+    KESTREL_API wchar_t* GetFileVersion(wchar_t* buffer, unsigned length) const;
+    KESTREL_API wchar_t* GetProductVersion(wchar_t* buffer, unsigned length) const;
+    KESTREL_API wchar_t* GetCopyright(wchar_t* buffer, unsigned length) const;
+    KESTREL_API unsigned GetVersionHigh() const;   // dwFileVersionMS
+    KESTREL_API unsigned GetVersionLow() const;    // dwFileVersionLS
+    KESTREL_API SYSTEMTIME GetTimeStamp() const;   // link time of the image, UTC; zeroed when unknown
+
+private:
+    detail::ImageInfoData* data_ = nullptr;
+};
+
+// The process list provider. One writer (Update, on the refresh thread) builds each new snapshot while
+// readers on other threads keep reading the previous one; Update() switches between them. Item indexes are
+// valid until the next Update(); strings and handles too. Every method is safe before Init() and after
+// Delete(): it then returns 0, -1, "" or null.
+class TL_PROCESSLIST {
+public:
+    // Inline and trivial on purpose: the program constructs its provider statically, before this library
+    // is loaded.
+    constexpr TL_PROCESSLIST() noexcept = default;
+    // Does not call into the library (it may never have been loaded): a provider that was initialised
+    // lives until process exit unless Delete() is called.
+    ~TL_PROCESSLIST() = default;
+    TL_PROCESSLIST(const TL_PROCESSLIST&) = delete;
+    TL_PROCESSLIST& operator=(const TL_PROCESSLIST&) = delete;
+
+    KESTREL_API int Init();     // 1 on success (also when already initialised)
+    KESTREL_API int Delete();   // frees what Init() and Update() created; 1 when there was something to free
+    KESTREL_API int Update();   // takes a new snapshot; 1 on success
+    KESTREL_API int SetUpdateInterval(unsigned milliseconds);
+    KESTREL_API unsigned GetUpdateCount() const;   // snapshots taken since Init(); changes at each switch
+
+    KESTREL_API int GetItemCount() const;
+    KESTREL_API int GetItemByPID(unsigned pid) const;   // -1 when the process is not in the snapshot
+    KESTREL_API unsigned GetItemPID(int i) const;
+    KESTREL_API unsigned GetItemParentPID(int i) const;
+    // Depth in the parent tree, 0 for a root. A parent created after its child is not its parent.
+    KESTREL_API int GetItemParentCount(int i, unsigned reserved) const;
+    // Position in a depth-first walk of the parent tree (children follow their parent, by creation time).
+    KESTREL_API double GetItemTreePos(int i, unsigned reserved) const;
+    KESTREL_API unsigned GetItemCPUUsage(int i) const;        // whole percent, 0 to 100
+    KESTREL_API unsigned GetItemRAMUsage(int i) const;        // working set, bytes
+    KESTREL_API unsigned GetItemHandleCount(int i) const;
+    KESTREL_API unsigned GetItemGDIObjectCount(int i) const;
+    KESTREL_API unsigned GetItemUserObjectCount(int i) const;
+    KESTREL_API unsigned GetItemProcessPriority(int i) const; // priority class value, 0 when unknown
+    KESTREL_API SYSTEMTIME GetItemCreationTime(int i) const;  // local time
+    KESTREL_API SYSTEMTIME GetItemKernelTime(int i) const;    // durations, packed as described above
+    KESTREL_API SYSTEMTIME GetItemUserTime(int i) const;
+    KESTREL_API SYSTEMTIME GetItemRuntime(int i) const;
+    KESTREL_API const wchar_t* GetItemImageName(int i) const;
+    // The file description of the image, or its image name when there is none.
+    KESTREL_API const wchar_t* GetItemDisplayName(int i) const;
+    KESTREL_API const wchar_t* GetItemPathName(int i) const;
+    KESTREL_API const wchar_t* GetItemInfoDescription(int i) const;
+    KESTREL_API const wchar_t* GetItemInfoCompanyName(int i) const;
+    KESTREL_API const wchar_t* GetItemInfoProductName(int i) const;
+    KESTREL_API const wchar_t* GetItemInfoFileVersion(int i) const;
+    KESTREL_API const wchar_t* GetItemInfoCopyright(int i) const;
+    KESTREL_API HICON GetItemIcon(int i) const;        // 32 x 32; the system's application icon when none
+    KESTREL_API HICON GetItemIconSmall(int i) const;   // 16 x 16
+    KESTREL_API int GetItemImageListIndex(int i) const;
+    KESTREL_API HIMAGELIST GetImageList() const;       // small icons; lives until Delete()
+    KESTREL_API _TASKDATADYNAMIC* GetItemDynamicData(int i) const;
+    KESTREL_API _TASKDATASTATIC* GetItemStaticData(int i) const;
+
+private:
+    detail::ProcessListImpl* impl_ = nullptr;
+};
+
+}  // namespace kestrel
