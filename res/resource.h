@@ -1,0 +1,18 @@
+/* All resource ids of the program: strings, commands, dialogs and icons. */
+#ifndef LMVX_RESOURCE_H
+#define LMVX_RESOURCE_H
+
+#include "string_ids.h"
+#include "command_ids.h"
+#include "dialog_ids.h"
+#if defined(__has_include)
+#if __has_include("icon_ids.h")
+#include "icon_ids.h"
+#endif
+#endif
+
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
+
+#endif
