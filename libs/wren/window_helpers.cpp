@@ -1,0 +1,111 @@
+// Small helpers shared by every window of the program: placement, fonts, frames and flicker-free texts.
+#include "wren.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "center_math.h"
+#include "unique_resource.h"
+
+namespace wren {
+namespace {
+
+Box BoxOf(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+RECT WorkAreaNear(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor)) return monitor.rcWork;
+    RECT workArea{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &workArea, 0);
+    return workArea;
+}
+
+// A control's whole text, however long.
+std::wstring WindowText(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+// A list-view cell's whole text: the control only says how much it copied, so grow until it fits.
+std::wstring ListViewCellText(HWND listView, int row, int column) {
+    constexpr size_t kLongestCell = 1 << 16;
+    std::wstring text;
+    for (size_t capacity = 256; capacity <= kLongestCell; capacity *= 2) {
+        text.assign(capacity, L'\0');
+        LVITEMW item{};
+        item.iSubItem = column;
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(capacity);
+        const size_t copied = static_cast<size_t>(
+            SendMessageW(listView, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
+        if (copied + 1 < capacity) {
+            text.resize(copied);
+            return text;
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+void CenterWindow(HWND window, HWND over) {
+    RECT windowRect{};
+    if (!GetWindowRect(window, &windowRect)) return;
+    const RECT workArea = WorkAreaNear(over ? over : window);
+    RECT overRect = workArea;
+    if (over && IsWindowVisible(over) && !IsIconic(over)) GetWindowRect(over, &overRect);
+    Position position = CenteredPosition(BoxOf(windowRect), BoxOf(overRect), BoxOf(workArea));
+    if (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) {
+        // A child window is placed in its parent's client coordinates.
+        POINT corner{position.x, position.y};
+        ScreenToClient(GetParent(window), &corner);
+        position = {corner.x, corner.y};
+    }
+    SetWindowPos(window, nullptr, position.x, position.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void EmStaticEdge(HWND dialog, int controlId) {
+    HWND control = GetDlgItem(dialog, controlId);
+    if (!control) return;
+    const LONG_PTR exStyle = GetWindowLongPtrW(control, GWL_EXSTYLE);
+    SetWindowLongPtrW(control, GWL_EXSTYLE, exStyle | WS_EX_STATICEDGE);
+    // The frame is part of the non-client area, which is only recomputed on request.
+    SetWindowPos(control, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+int VerifyCritialAlloc(const void* pointer) {
+    if (pointer) return 1;
+    const wchar_t* caption = *GetAppName() ? GetAppName() : L"Error";
+    MessageBoxW(nullptr,
+                HardcodeLangString(L"There is not enough memory to continue. The application will now close.",
+                                   L"Es ist nicht gen\u00fcgend Arbeitsspeicher vorhanden. "
+                                   L"Die Anwendung wird jetzt beendet."),
+                caption, MB_ICONERROR | MB_SYSTEMMODAL);
+    // Without the memory it needs the program cannot go on in a defined way: end it here.
+    ExitProcess(ERROR_NOT_ENOUGH_MEMORY);
+}
+
+int SetDlgItemTextW(HWND dialog, int controlId, const wchar_t* text) {
+    HWND control = GetDlgItem(dialog, controlId);
+    if (!control) return 0;
+    const wchar_t* wanted = text ? text : L"";
+    if (WindowText(control) == wanted) return 1;   // unchanged: no repaint, no flicker
+    return ::SetWindowTextW(control, wanted) ? 1 : 0;
+}
+
+int ListViewSetItemText(HWND listView, int row, int column, const wchar_t* text) {
+    if (!listView || row < 0 || column < 0) return 0;
+    const wchar_t* wanted = text ? text : L"";
+    if (ListViewCellText(listView, row, column) == wanted) return 1;
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = const_cast<wchar_t*>(wanted);
+    return SendMessageW(listView, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)) ? 1
+                                                                                                                : 0;
+}
+
+}  // namespace wren
