@@ -1,0 +1,16 @@
+#include "app/lmvx.h"
+
+namespace lmvx {
+
+HWND g_statusWindow = nullptr;
+int g_debugPrivilege = 0;
+kestrel::TL_PROCESSLIST g_processList;
+MainWindowStart g_mainWindowStart;
+
+void ShowStartupStatus(const wchar_t* text) {
+    SetWindowTextW(g_statusWindow, text);
+    InvalidateRect(g_statusWindow, nullptr, FALSE);
+    UpdateWindow(g_statusWindow);
+}
+
+}  // namespace lmvx

@@ -1,0 +1,112 @@
+#include "mainwnd/main_window.h"
+
+#include <memory>
+
+#include "app/lmvx.h"
+#include "app/option_keys.h"
+#include "finch.h"
+#include "mainwnd/main_window_layout.h"
+#include "mainwnd/main_window_state.h"
+#include "mainwnd/window_placement.h"
+#include "resource.h"
+#include "wren.h"
+
+namespace lmvx {
+namespace {
+
+MainWindowState* StateOf(HWND window) {
+    return reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+void SetProgramIcons(MainWindowState& state) {
+    HINSTANCE instance = wren::GetStoredInstance();
+    state.bigIcon.Reset(static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_LUMIVEX), IMAGE_ICON, 32, 32, 0)));
+    state.smallIcon.Reset(static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(IDI_LUMIVEX), IMAGE_ICON, 16, 16, 0)));
+    SendMessageW(state.window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(state.bigIcon.Get()));
+    SendMessageW(state.window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(state.smallIcon.Get()));
+}
+
+void ReplaceMenu(HWND window) {
+    HMENU old = GetMenu(window);
+    SetMenu(window, UIL_LangModule.LoadLangMenu(IDR_MAIN_MENU));
+    if (old) DestroyMenu(old);
+}
+
+INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
+    auto state = std::make_unique<MainWindowState>();
+    state->window = window;
+    state->start = start;
+    if (start) start->mainWindow = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(state.get()));
+    SetWindowTextW(window, wren::GetAppNameFull());
+
+    ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_RESOURCES));
+    SetProgramIcons(*state);
+
+    ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_TRAY_ICON));
+
+    ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_TOOLBAR));
+    ReplaceMenu(window);
+
+    ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_UI));
+
+    const auto& topmost = options::Topmost;
+    if (wren::regOptions.GetOptionBOOL(topmost.name, topmost.defaultValue)) {
+        SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    }
+
+    RestoreMainWindowPlacement(window);
+    LayOutMainWindow(window);
+    ShowWindow(window, IsZoomed(window) ? SW_SHOWMAXIMIZED : SW_SHOW);
+    SetForegroundWindow(window);
+    state.release();   // owned by the window from here on; freed on WM_NCDESTROY
+    return TRUE;
+}
+
+// Everything the window saves when it closes, in the order the settings expect.
+void SaveStateAtClose(HWND window) {
+    SaveMainWindowPlacement(window);
+    const bool topmost = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    wren::regOptions.SetOptionBOOL(options::Topmost.name, topmost ? 1 : 0);
+}
+
+void OnCommand(HWND window, WORD command) {
+    switch (command) {
+    case IDM_EXIT:       // also IDCANCEL: Escape and the close box end the program
+    case IDM_EXIT_ALT:
+        EndDialog(window, command);
+        break;
+    default:
+        break;
+    }
+}
+
+void OnNcDestroy(HWND window) {
+    std::unique_ptr<MainWindowState> state(StateOf(window));
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (state && state->start) state->start->mainWindow = nullptr;
+}
+
+}  // namespace
+
+INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return OnInitDialog(window, reinterpret_cast<MainWindowStart*>(lParam));
+    case WM_COMMAND:
+        OnCommand(window, LOWORD(wParam));
+        return TRUE;
+    case WM_SIZE:
+        LayOutMainWindow(window);
+        return TRUE;
+    case WM_DESTROY:
+        SaveStateAtClose(window);
+        return TRUE;
+    case WM_NCDESTROY:
+        OnNcDestroy(window);
+        return FALSE;
+    }
+    return FALSE;
+}
+
+}  // namespace lmvx

@@ -1,0 +1,159 @@
+// Runs the real lmvx64.exe under Wine: the build-information switch, a missing component library, and
+// a normal start that opens the main window and saves its placement on close.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "program_runner.h"
+#include "settings_seed.h"
+
+namespace lmvx::test {
+namespace {
+
+constexpr DWORD kWindowWaitMs = 30000;
+const std::wstring kMainCaption = L"Orvane Lumivex 5";
+
+std::wstring ProgramPath() { return TestBinFolder() + L"\\lmvx64.exe"; }
+
+bool AnyTextContains(HWND window, const std::wstring& part) {
+    if (WindowText(window).find(part) != std::wstring::npos) return true;
+    const auto texts = DescendantTexts(window);
+    return std::any_of(texts.begin(), texts.end(), [&](const std::wstring& t) { return t.find(part) != std::wstring::npos; });
+}
+
+// Closes the box the way a user would: OK, or Enter on the default button.
+void DismissBox(HWND box) {
+    if (GetDlgItem(box, IDOK)) {
+        PressButton(box, IDOK);
+    } else {
+        PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+    }
+}
+
+class BuildInfoSwitch : public ::testing::TestWithParam<const wchar_t*> {};
+
+TEST_P(BuildInfoSwitch, ShowsTheBuildTextAndExitsWithZero) {
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start(ProgramPath(), GetParam()));
+    HWND box = program.WaitForWindowWithCaption(L"Orvane Lumivex", kWindowWaitMs);
+    ASSERT_NE(box, nullptr) << "no build information box";
+    EXPECT_TRUE(AnyTextContains(box, L"Build Information"));
+    EXPECT_TRUE(AnyTextContains(box, L"8212"));
+    EXPECT_TRUE(AnyTextContains(box, L"wWinMain"));
+    DismissBox(box);
+    EXPECT_EQ(program.WaitForExit(kWindowWaitMs), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AnyCaseAnyPosition, BuildInfoSwitch,
+                         ::testing::Values(L"/BUILDINFO", L"/buildinfo", L"-first /BuildInfo -last"));
+
+TEST(MissingComponent, EndsWithTheMessageAndExitCode1157) {
+    namespace fs = std::filesystem;
+    wchar_t temp[MAX_PATH];
+    GetTempPathW(MAX_PATH, temp);
+    const fs::path folder = fs::path(temp) / L"lmvx-missing-kestrel";
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    for (const wchar_t* file : {L"lmvx64.exe", L"wren64.dll", L"finch64.dll", L"heron64.dll"}) {
+        fs::copy_file(fs::path(TestBinFolder()) / file, folder / file);
+    }
+    SeedQuietStart(0x0409);
+
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start((folder / L"lmvx64.exe").wstring(), L""));
+    HWND box = program.WaitForWindowWithCaption(L"Lumivex", kWindowWaitMs);
+    ASSERT_NE(box, nullptr) << "no message about the missing component";
+    EXPECT_TRUE(AnyTextContains(box, L"A component required for the execution of Lumivex was not found."));
+    DismissBox(box);
+    EXPECT_EQ(program.WaitForExit(kWindowWaitMs), static_cast<DWORD>(ERROR_DLL_NOT_FOUND));
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
+HWND WaitForMainWindow(const ProgramRunner& program) {
+    return program.WaitForWindow(
+        [](HWND window) { return WindowText(window) == kMainCaption && ClassName(window) == L"#32770"; },
+        kWindowWaitMs);
+}
+
+TEST(NormalStart, OpensTheMainWindowAndSavesItsPlacementOnClose) {
+    SeedQuietStart(0x0409);
+    DeleteSetting(L"MainWndPlacement");
+
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start(ProgramPath(), L""));
+    HWND main = WaitForMainWindow(program);
+    ASSERT_NE(main, nullptr) << "the main window did not open";
+
+    RECT rect;
+    GetWindowRect(main, &rect);
+    EXPECT_EQ(rect.right - rect.left, 656);
+    EXPECT_EQ(rect.bottom - rect.top, 580);
+    HMENU menu = GetMenu(main);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_GT(GetMenuItemCount(menu), 3);
+    EXPECT_NE(GetDlgItem(main, 5001), nullptr) << "no process list";
+
+    PostMessageW(main, WM_CLOSE, 0, 0);
+    EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
+    EXPECT_EQ(ReadBinary(L"MainWndPlacement").size(), 44u);
+}
+
+TEST(NormalStart, AMinimisedPlacementComesBackAsANormalVisibleWindow) {
+    SeedQuietStart(0x0409);
+    WINDOWPLACEMENT stored{};
+    stored.length = sizeof stored;
+    stored.showCmd = SW_SHOWMINIMIZED;
+    stored.rcNormalPosition = RECT{40, 50, 40 + 700, 50 + 500};
+    StoreBinary(L"MainWndPlacement", &stored, sizeof stored);
+
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start(ProgramPath(), L""));
+    HWND main = WaitForMainWindow(program);
+    ASSERT_NE(main, nullptr);
+    EXPECT_FALSE(IsIconic(main));
+    WINDOWPLACEMENT now{};
+    now.length = sizeof now;
+    ASSERT_TRUE(GetWindowPlacement(main, &now));
+    EXPECT_EQ(now.rcNormalPosition.left, 40);
+    EXPECT_EQ(now.rcNormalPosition.top, 50);
+    EXPECT_EQ(now.rcNormalPosition.right - now.rcNormalPosition.left, 700);
+    EXPECT_EQ(now.rcNormalPosition.bottom - now.rcNormalPosition.top, 500);
+    PostMessageW(main, WM_CLOSE, 0, 0);
+    EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
+}
+
+TEST(NormalStart, AWrongSizedPlacementIsIgnored) {
+    SeedQuietStart(0x0409);
+    BYTE wrong[40] = {};
+    StoreBinary(L"MainWndPlacement", wrong, sizeof wrong);
+
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start(ProgramPath(), L""));
+    HWND main = WaitForMainWindow(program);
+    ASSERT_NE(main, nullptr);
+    RECT rect;
+    GetWindowRect(main, &rect);
+    EXPECT_EQ(rect.right - rect.left, 656);
+    EXPECT_EQ(rect.bottom - rect.top, 580);
+    PostMessageW(main, WM_CLOSE, 0, 0);
+    EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
+}
+
+TEST(NormalStart, TheMenuIsGermanWhenGermanIsChosen) {
+    SeedQuietStart(0x0407);
+    ProgramRunner program;
+    ASSERT_TRUE(program.Start(ProgramPath(), L""));
+    HWND main = WaitForMainWindow(program);
+    ASSERT_NE(main, nullptr);
+    wchar_t first[128] = {};
+    GetMenuStringW(GetMenu(main), 0, first, 128, MF_BYPOSITION);
+    EXPECT_STREQ(first, L"&Datei");
+    PostMessageW(main, WM_CLOSE, 0, 0);
+    EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
+    SeedQuietStart(0x0409);
+}
+
+}  // namespace
+}  // namespace lmvx::test
