@@ -1,0 +1,63 @@
+// The rate table, the zero-period rule and the check marks of the Refresh Rate submenu.
+#include <gtest/gtest.h>
+
+#include "command_ids.h"
+#include "proclist/refresh_rates.h"
+#include "string_ids.h"
+
+namespace proclist {
+namespace {
+
+unsigned CheckedCommand(unsigned period) {
+    unsigned checked = 0;
+    for (const MenuItemSpec& item : RateMenuItems(period)) {
+        if (!item.checked) continue;
+        EXPECT_EQ(checked, 0u) << "more than one rate checked";
+        checked = item.commandId;
+    }
+    return checked;
+}
+
+TEST(RefreshRates, CommandsSelectTheirPeriods) {
+    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_VERY_LOW), 3000u);
+    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_LOW), 1000u);
+    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_MEDIUM), 500u);
+    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_HIGH), 250u);
+    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_VERY_HIGH), 100u);
+    EXPECT_FALSE(PeriodOfRateCommand(IDM_SORT_REVERSE).has_value());
+}
+
+TEST(RefreshRates, ZeroPeriodCountsAsOneHundred) {
+    EXPECT_EQ(EffectivePeriod(0), 100u);
+    EXPECT_EQ(EffectivePeriod(1), 1u);
+    EXPECT_EQ(EffectivePeriod(2000), 2000u);
+}
+
+TEST(RateMenu, ListsTheFiveRatesInOrder) {
+    const auto items = RateMenuItems(1000);
+    ASSERT_EQ(items.size(), 5u);
+    const unsigned commands[] = {IDM_RATE_VERY_LOW, IDM_RATE_LOW, IDM_RATE_MEDIUM, IDM_RATE_HIGH, IDM_RATE_VERY_HIGH};
+    for (size_t i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(items[i].commandId, commands[i]);
+        EXPECT_EQ(items[i].stringId, IDS_RATE_VERY_LOW + i);
+        EXPECT_FALSE(items[i].separator);
+    }
+}
+
+TEST(RateMenu, ChecksTheItemOfTheCurrentPeriod) {
+    for (unsigned command : {IDM_RATE_VERY_LOW, IDM_RATE_LOW, IDM_RATE_MEDIUM, IDM_RATE_HIGH, IDM_RATE_VERY_HIGH}) {
+        EXPECT_EQ(CheckedCommand(*PeriodOfRateCommand(command)), command);
+    }
+}
+
+TEST(RateMenu, ZeroPeriodChecksVeryHigh) {
+    EXPECT_EQ(CheckedCommand(0), static_cast<unsigned>(IDM_RATE_VERY_HIGH));
+}
+
+TEST(RateMenu, PeriodOutsideTheTableChecksNothing) {
+    EXPECT_EQ(CheckedCommand(2000), 0u);
+    EXPECT_EQ(CheckedCommand(99), 0u);
+}
+
+}  // namespace
+}  // namespace proclist
