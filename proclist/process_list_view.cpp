@@ -1,0 +1,247 @@
+#include "process_list_view.h"
+
+#include <commctrl.h>
+
+#include "app/option_keys.h"
+#include "column_table.h"
+#include "command_ids.h"
+#include "finch.h"
+#include "kestrel_process_source.h"
+#include "menu_builder.h"
+#include "sort_check.h"
+#include "string_ids.h"
+#include "text_compare.h"
+#include "wren.h"
+
+namespace proclist {
+namespace {
+
+namespace options = lmvx::options;
+
+bool ReadRowPid(HWND listView, int row, unsigned* pid) {
+    LVITEMW item = {};
+    item.mask = LVIF_PARAM;
+    item.iItem = row;
+    if (!ListView_GetItem(listView, &item)) return false;
+    *pid = static_cast<unsigned>(item.lParam);
+    return true;
+}
+
+const wchar_t* HeaderText(const ColumnSpec& column) {
+    if (column.headerStringId == 0) return wren::HardcodeLangString(L"I/O", L"E/A");
+    return UIL_LangModule.GetLangString(column.headerStringId);
+}
+
+}  // namespace
+
+ProcessListView::~ProcessListView() {
+    if (listView_ && IsWindow(listView_) && FromControl(listView_) == this) {
+        SetWindowLongPtrW(listView_, GWLP_USERDATA, 0);
+    }
+}
+
+bool ProcessListView::Attach(HWND listView, const kestrel::TL_PROCESSLIST& provider) {
+    return Attach(listView, std::make_unique<KestrelProcessSource>(provider));
+}
+
+bool ProcessListView::Attach(HWND listView, std::unique_ptr<ProcessSource> source) {
+    if (!listView || !source) return false;
+    sortMode_ = 0;
+    reverse_ = 0;
+    listView_ = listView;
+    source_ = std::move(source);
+    SetWindowLongPtrW(listView_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+
+    ListView_SetExtendedListViewStyle(listView_, LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP);
+    // The provider owns the icons; the control must not destroy them with itself.
+    const LONG_PTR style = GetWindowLongPtrW(listView_, GWL_STYLE);
+    SetWindowLongPtrW(listView_, GWL_STYLE, style | LVS_SHAREIMAGELISTS);
+    ListView_SetImageList(listView_, source_->GetImageList(), LVSIL_SMALL);
+
+    const auto& columns = ProcessListColumns();
+    for (int index = 0; index < kColumnCount; ++index) {
+        const ColumnSpec& column = columns[index];
+        UIP_ListViewAddColumn(listView_, index, HeaderText(column), column.width, static_cast<int>(column.alignment));
+    }
+    return true;
+}
+
+ProcessListView* ProcessListView::FromControl(HWND listView) {
+    if (!listView) return nullptr;
+    return reinterpret_cast<ProcessListView*>(GetWindowLongPtrW(listView, GWLP_USERDATA));
+}
+
+void ProcessListView::RestoreState() {
+    RestoreColumnOrder();
+    sortMode_ = wren::regOptions.GetOptionDWORD(options::TaskListSortMode.name, options::TaskListSortMode.defaultValue);
+    reverse_ = wren::regOptions.GetOptionBOOL(options::TaskListSortReverse.name,
+                                              options::TaskListSortReverse.defaultValue);
+    Refresh();
+    UpdateSortMenu();
+}
+
+void ProcessListView::RestoreColumnOrder() {
+    int order[kColumnCount] = {};
+    unsigned bytesRead = 0;
+    wren::regOptions.GetOptionBINARY(options::TaskListColumns.name, order, sizeof(order), &bytesRead);
+    // Decided by the size read, never by the result: a block of any other size is ignored.
+    if (bytesRead != options::TaskListColumns.requiredSize) return;
+    ListView_SetColumnOrderArray(listView_, kColumnCount, order);
+}
+
+void ProcessListView::SaveColumnOrder() const {
+    int order[kColumnCount] = {};
+    ListView_GetColumnOrderArray(listView_, kColumnCount, order);
+    wren::regOptions.SetOptionBINARY(options::TaskListColumns.name, order, sizeof(order));
+}
+
+void ProcessListView::SaveSortState() const {
+    wren::regOptions.SetOptionDWORD(options::TaskListSortMode.name, sortMode_);
+    wren::regOptions.SetOptionBOOL(options::TaskListSortReverse.name, reverse_);
+}
+
+SortState ProcessListView::GetSortState() const {
+    return {sortMode_, reverse_ != 0};
+}
+
+void ProcessListView::SetSortState(SortState state) {
+    sortMode_ = state.mode;
+    reverse_ = state.reverse ? 1 : 0;
+}
+
+int ProcessListView::Refresh() {
+    if (!listView_ || !source_) return 0;
+    const bool blankZero = wren::regOptions.GetOptionBOOL(options::BlankZero.name, options::BlankZero.defaultValue);
+    // Read like every other option of the list; memory is shown in KB whatever it says.
+    wren::regOptions.GetOptionBOOL(options::PreferMB.name, options::PreferMB.defaultValue);
+    const wchar_t* startTimeFormat = UIL_LangModule.GetLangString(IDS_START_TIME_FORMAT);
+    const bool treeMode = sortMode_ == kSortProcessTree;
+
+    RemoveEndedRows();
+    const int count = source_->GetItemCount();
+    for (int index = 0; index < count; ++index) {
+        const int row = FindOrInsertRow(index);
+        if (row < 0) continue;
+        UpdateRowLayout(row, index, treeMode);
+        WriteRowCells(row, index, blankZero, startTimeFormat);
+    }
+    SortIfMisplaced();
+    return 1;
+}
+
+void ProcessListView::RemoveEndedRows() {
+    // Intended: one forward pass that always advances, so the row moving up into a deleted row's place
+    // waits for the next refresh.
+    for (int row = 0; row < ListView_GetItemCount(listView_); ++row) {
+        unsigned pid = 0;
+        if (ReadRowPid(listView_, row, &pid) && source_->GetItemByPid(pid) == -1) {
+            ListView_DeleteItem(listView_, row);
+        }
+    }
+}
+
+int ProcessListView::FindOrInsertRow(int index) {
+    const unsigned pid = source_->GetItemPid(index);
+    LVFINDINFOW find = {};
+    find.flags = LVFI_PARAM;
+    find.lParam = static_cast<LPARAM>(pid);
+    const int row = ListView_FindItem(listView_, -1, &find);
+    if (row >= 0) return row;
+
+    // New processes start at the top; the order check moves them to their place.
+    const std::wstring imageName = source_->GetItemRowValues(index).imageName;
+    LVITEMW item = {};
+    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
+    item.iItem = 0;
+    item.pszText = const_cast<wchar_t*>(imageName.c_str());
+    item.iImage = source_->GetItemImageListIndex(index);
+    item.lParam = static_cast<LPARAM>(pid);
+    return ListView_InsertItem(listView_, &item);
+}
+
+void ProcessListView::UpdateRowLayout(int row, int index, bool treeMode) {
+    LVITEMW item = {};
+    item.mask = LVIF_IMAGE | LVIF_INDENT;
+    item.iItem = row;
+    if (!ListView_GetItem(listView_, &item)) return;
+
+    const int wantedIndent = treeMode ? source_->GetItemTreeDepth(index) : 0;
+    if (item.iIndent != wantedIndent) {
+        LVITEMW indent = {};
+        indent.mask = LVIF_INDENT;
+        indent.iItem = row;
+        indent.iIndent = wantedIndent;
+        ListView_SetItem(listView_, &indent);
+    }
+    const int wantedImage = source_->GetItemImageListIndex(index);
+    if (item.iImage != wantedImage) {
+        LVITEMW image = {};
+        image.mask = LVIF_IMAGE;
+        image.iItem = row;
+        image.iImage = wantedImage;
+        ListView_SetItem(listView_, &image);
+    }
+}
+
+void ProcessListView::WriteRowCells(int row, int index, bool blankZero, const wchar_t* startTimeFormat) {
+    const auto cells = FormatRowCells(source_->GetItemRowValues(index), blankZero, startTimeFormat);
+    for (int column = 0; column < kColumnCount; ++column) {
+        wren::ListViewSetItemText(listView_, row, column, cells[column].c_str());
+    }
+}
+
+void ProcessListView::SortIfMisplaced() {
+    const int rowCount = ListView_GetItemCount(listView_);
+    const int misplaced = FindMisplacedPair(rowCount, [this](int a, int b) { return CompareRows(a, b); });
+    if (misplaced >= 0) {
+        ListView_SortItemsEx(listView_, CompareRowsCallback, reinterpret_cast<LPARAM>(this));
+    }
+}
+
+int CALLBACK ProcessListView::CompareRowsCallback(LPARAM rowA, LPARAM rowB, LPARAM self) {
+    return reinterpret_cast<const ProcessListView*>(self)->CompareRows(static_cast<int>(rowA),
+                                                                        static_cast<int>(rowB));
+}
+
+int ProcessListView::CompareRows(int rowA, int rowB) const {
+    const unsigned mode = sortMode_;
+    const SortField field = SortFieldOfMode(mode);
+    return CompareSortKeys(mode, reverse_ != 0, KeyOfRow(rowA, field), KeyOfRow(rowB, field),
+                           CompareTextDefaultLocale);
+}
+
+SortKey ProcessListView::KeyOfRow(int row, SortField field) const {
+    SortKey key;
+    if (!ReadRowPid(listView_, row, &key.pid)) return key;
+    key.itemIndex = source_->GetItemByPid(key.pid);
+    // A process that has just ended keeps the empty key; its row leaves at the next refresh.
+    if (key.itemIndex >= 0) source_->FillSortKey(key.itemIndex, field, key);
+    return key;
+}
+
+void ProcessListView::OnHeaderClick(int column) {
+    SetSortState(ApplyHeaderClick(GetSortState(), column));
+    Refresh();
+    UpdateSortMenu();
+}
+
+bool ProcessListView::OnSortCommand(unsigned commandId) {
+    const auto state = ApplySortCommand(GetSortState(), commandId);
+    if (!state) return false;
+    SetSortState(*state);
+    Refresh();
+    UpdateSortMenu();
+    return true;
+}
+
+void ProcessListView::UpdateSortMenu() const {
+    HMENU mainMenu = GetMenu(GetParent(listView_));
+    HMENU parent = nullptr;
+    UINT position = 0;
+    if (!mainMenu || !FindPopupHolding(mainMenu, IDM_SORT_PROCESS_TREE, &parent, &position)) return;
+    wchar_t title[256] = {};
+    GetMenuStringW(parent, position, title, static_cast<int>(std::size(title)), MF_BYPOSITION);
+    ReplacePopupAt(parent, position, CreatePopupFromItems(SortMenuItems(GetSortState())), title);
+}
+
+}  // namespace proclist

@@ -1,0 +1,77 @@
+// The process list of the main window: binds the report list view (control 5001) to the process data.
+//
+// Use from the main window, on the UI thread:
+//   set-up:   list.Attach(GetDlgItem(main, IDC_PROCESS_LIST), provider); list.RestoreState();
+//   WM_NOTIFY LVN_COLUMNCLICK from 5001:  list.OnHeaderClick(nmListView->iSubItem);
+//   WM_COMMAND: if (list.OnSortCommand(id)) return;   (sort modes and "Reverse Sort Order")
+//   close:    list.SaveSortState(); ... list.SaveColumnOrder();
+// The refresh cycle finds the object through the control: ProcessListView::FromControl(list)->Refresh().
+#pragma once
+#include <windows.h>
+
+#include <atomic>
+#include <memory>
+
+#include "kestrel.h"
+#include "process_source.h"
+#include "sort_commands.h"
+
+namespace proclist {
+
+class ProcessListView {
+public:
+    ProcessListView() = default;
+    ~ProcessListView();
+    ProcessListView(const ProcessListView&) = delete;
+    ProcessListView& operator=(const ProcessListView&) = delete;
+
+    // Sets up the list view: clears the sort mode, sets full-row select and header drag-and-drop, the
+    // provider's small icons and the thirteen columns, and stores this object in the control's user data.
+    bool Attach(HWND listView, const kestrel::TL_PROCESSLIST& provider);
+    bool Attach(HWND listView, std::unique_ptr<ProcessSource> source);
+    // The object attached to a list view, or null.
+    static ProcessListView* FromControl(HWND listView);
+
+    // Main-window set-up: restores the column order (TaskListColumns, only a block of exactly 52 bytes),
+    // the sort mode and direction (TaskListSortMode, TaskListSortReverse), refreshes the list once and
+    // puts the check marks of the sort submenu in place.
+    void RestoreState();
+
+    // Brings the rows up to date with the current snapshot and re-sorts when a neighbouring pair is out of
+    // order. Runs on the UI thread or, while the main window is in the foreground, on the refresh thread.
+    int Refresh();
+
+    // A click on the header of the column with this data index.
+    void OnHeaderClick(int column);
+    // Handles the sort commands and the reverse command; false for any other command.
+    bool OnSortCommand(unsigned commandId);
+    // Rebuilds the Sort Process List submenu of the main menu (the menu of the list view's parent) with the
+    // current mode and reverse flag checked.
+    void UpdateSortMenu() const;
+
+    void SaveSortState() const;    // TaskListSortMode, TaskListSortReverse
+    void SaveColumnOrder() const;  // TaskListColumns, from the list view's current display order
+
+    SortState GetSortState() const;
+    void SetSortState(SortState state);
+    HWND GetListView() const { return listView_; }
+
+private:
+    static int CALLBACK CompareRowsCallback(LPARAM rowA, LPARAM rowB, LPARAM self);
+    int CompareRows(int rowA, int rowB) const;
+    SortKey KeyOfRow(int row, SortField field) const;
+    void RestoreColumnOrder();
+    void RemoveEndedRows();
+    int FindOrInsertRow(int index);
+    void UpdateRowLayout(int row, int index, bool treeMode);
+    void WriteRowCells(int row, int index, bool blankZero, const wchar_t* startTimeFormat);
+    void SortIfMisplaced();
+
+    // Read by the refresh thread while the UI thread may change them, hence atomic.
+    std::atomic<unsigned> sortMode_{0};
+    std::atomic<int> reverse_{0};
+    std::unique_ptr<ProcessSource> source_;
+    HWND listView_ = nullptr;
+};
+
+}  // namespace proclist
