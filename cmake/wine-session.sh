@@ -27,6 +27,8 @@ start)
         wineserver -w </dev/null >/dev/null 2>&1 || true
     fi
     wineserver -p </dev/null >/dev/null 2>&1 &
+    # Bring Wine's background services up now, detached from the caller's output.
+    wine cmd /c exit </dev/null >/dev/null 2>&1 || true
     ;;
 stop)
     wineserver -k </dev/null >/dev/null 2>&1 || true
