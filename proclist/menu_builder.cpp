@@ -33,11 +33,14 @@ UniqueMenu CreatePopupFromItems(const std::vector<MenuItemSpec>& items) {
 
 bool ReplacePopupAt(HMENU parent, UINT position, UniqueMenu popup, const wchar_t* text) {
     if (!parent || !popup) return false;
+    HMENU replaced = GetSubMenu(parent, static_cast<int>(position));
     if (!ModifyMenuW(parent, position, MF_BYPOSITION | MF_POPUP | MF_STRING,
                      reinterpret_cast<UINT_PTR>(popup.Get()), text)) {
         return false;  // the new popup is destroyed on the way out
     }
     popup.Release();
+    // Windows destroys the replaced popup inside ModifyMenuW; Wine 8 keeps it alive, so free it here.
+    if (replaced && IsMenu(replaced)) DestroyMenu(replaced);
     return true;
 }
 

@@ -194,26 +194,35 @@ void ProcessListView::SortIfMisplaced() {
     const int rowCount = ListView_GetItemCount(listView_);
     const int misplaced = FindMisplacedPair(rowCount, [this](int a, int b) { return CompareRows(a, b); });
     if (misplaced >= 0) {
-        ListView_SortItemsEx(listView_, CompareRowsCallback, reinterpret_cast<LPARAM>(this));
+        // The sort hands the callback the rows' PIDs rather than positions: Wine's LVM_SORTITEMSEX passes
+        // positions of the unsorted list while it merges moved rows, which sorts wrongly.
+        ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this));
     }
 }
 
-int CALLBACK ProcessListView::CompareRowsCallback(LPARAM rowA, LPARAM rowB, LPARAM self) {
-    return reinterpret_cast<const ProcessListView*>(self)->CompareRows(static_cast<int>(rowA),
-                                                                        static_cast<int>(rowB));
+int CALLBACK ProcessListView::ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPARAM self) {
+    return reinterpret_cast<const ProcessListView*>(self)->ComparePids(static_cast<unsigned>(pidA),
+                                                                        static_cast<unsigned>(pidB));
 }
 
 int ProcessListView::CompareRows(int rowA, int rowB) const {
+    unsigned pidA = 0;
+    unsigned pidB = 0;
+    if (!ReadRowPid(listView_, rowA, &pidA) || !ReadRowPid(listView_, rowB, &pidB)) return 0;
+    return ComparePids(pidA, pidB);
+}
+
+int ProcessListView::ComparePids(unsigned pidA, unsigned pidB) const {
     const unsigned mode = sortMode_;
     const SortField field = SortFieldOfMode(mode);
-    return CompareSortKeys(mode, reverse_ != 0, KeyOfRow(rowA, field), KeyOfRow(rowB, field),
+    return CompareSortKeys(mode, reverse_ != 0, KeyOfPid(pidA, field), KeyOfPid(pidB, field),
                            CompareTextDefaultLocale);
 }
 
-SortKey ProcessListView::KeyOfRow(int row, SortField field) const {
+SortKey ProcessListView::KeyOfPid(unsigned pid, SortField field) const {
     SortKey key;
-    if (!ReadRowPid(listView_, row, &key.pid)) return key;
-    key.itemIndex = source_->GetItemByPid(key.pid);
+    key.pid = pid;
+    key.itemIndex = source_->GetItemByPid(pid);
     // A process that has just ended keeps the empty key; its row leaves at the next refresh.
     if (key.itemIndex >= 0) source_->FillSortKey(key.itemIndex, field, key);
     return key;

@@ -57,9 +57,10 @@ public:
     HWND GetListView() const { return listView_; }
 
 private:
-    static int CALLBACK CompareRowsCallback(LPARAM rowA, LPARAM rowB, LPARAM self);
+    static int CALLBACK ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPARAM self);
     int CompareRows(int rowA, int rowB) const;
-    SortKey KeyOfRow(int row, SortField field) const;
+    int ComparePids(unsigned pidA, unsigned pidB) const;
+    SortKey KeyOfPid(unsigned pid, SortField field) const;
     void RestoreColumnOrder();
     void RemoveEndedRows();
     int FindOrInsertRow(int index);

@@ -1,0 +1,409 @@
+// The list object on a real report list view, with given process rows.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "app/option_keys.h"
+#include "command_ids.h"
+#include "fake_process_source.h"
+#include "proclist/column_table.h"
+#include "proclist/process_list_view.h"
+#include "proclist/sort_order.h"
+#include "proclist/text_compare.h"
+#include "test_environment.h"
+#include "wren.h"
+
+namespace proclist_test {
+namespace {
+
+using proclist::ProcessListView;
+using proclist::SortState;
+namespace options = lmvx::options;
+
+constexpr wchar_t kStartTimeFormat[] = L"%.2d/%.2d/%.4d %.2d:%.2d:%.2d";
+
+class ImageList {
+public:
+    ImageList() : list_(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0)) {
+        for (const wchar_t* icon : {IDI_APPLICATION, IDI_WARNING, IDI_ERROR}) {
+            ImageList_AddIcon(list_, LoadIconW(nullptr, icon));  // shared system icons: nothing to free
+        }
+    }
+    ~ImageList() { ImageList_Destroy(list_); }
+    ImageList(const ImageList&) = delete;
+    ImageList& operator=(const ImageList&) = delete;
+    HIMAGELIST Get() const { return list_; }
+
+private:
+    HIMAGELIST list_;
+};
+
+class ProcessListViewTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        auto owned = std::make_unique<FakeProcessSource>();
+        source_ = owned.get();
+        source_->imageList = images_.Get();
+        ASSERT_TRUE(list_.Attach(window_.List(), std::move(owned)));
+    }
+
+    // Rows show up in the reverse of the provider's order when nothing sorts them (each new row goes on top).
+    void AddNumbered(std::initializer_list<unsigned> pids) {
+        for (unsigned pid : pids) source_->Add(pid, L"proc.exe");
+    }
+    HWND ListView() const { return window_.List(); }
+    std::vector<unsigned> Rows() const { return PidsInRowOrder(ListView()); }
+
+    ScopedTestApplication app_{L"LumivexProclistViewTest"};
+    TestMainWindow window_{false};
+    ImageList images_;
+    ProcessListView list_;
+    FakeProcessSource* source_ = nullptr;
+};
+
+constexpr unsigned kUnsorted = 13;
+
+TEST_F(ProcessListViewTest, AttachAddsThirteenColumnsInTableOrder) {
+    const wchar_t* headers[] = {L"Process",      L"CPU Usage",  L"I/O",         L"Memory Usage", L"Description",
+                                L"Company Name", L"Path Name",  L"Process ID",  L"Start Time",   L"Username",
+                                L"Handles",      L"USER Objects", L"GDI Objects"};
+    HWND header = ListView_GetHeader(ListView());
+    ASSERT_EQ(Header_GetItemCount(header), proclist::kColumnCount);
+    const auto& columns = proclist::ProcessListColumns();
+    for (int index = 0; index < proclist::kColumnCount; ++index) {
+        SCOPED_TRACE(index);
+        wchar_t text[64] = {};
+        LVCOLUMNW column = {};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.pszText = text;
+        column.cchTextMax = static_cast<int>(std::size(text));
+        ASSERT_TRUE(ListView_GetColumn(ListView(), index, &column));
+        EXPECT_STREQ(text, headers[index]);
+        EXPECT_EQ(column.cx, columns[index].width);
+        const bool right = columns[index].alignment == proclist::ColumnAlignment::Right;
+        EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, right ? LVCFMT_RIGHT : LVCFMT_LEFT);
+    }
+}
+
+TEST_F(ProcessListViewTest, AttachSetsExactlyFullRowSelectAndHeaderDragDrop) {
+    EXPECT_EQ(ListView_GetExtendedListViewStyle(ListView()),
+              static_cast<DWORD>(LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP));
+    EXPECT_EQ(ListView_GetImageList(ListView(), LVSIL_SMALL), images_.Get());
+    EXPECT_EQ(ProcessListView::FromControl(ListView()), &list_);
+    EXPECT_EQ(list_.GetSortState().mode, 0u);
+}
+
+TEST_F(ProcessListViewTest, ProvidersIconsOutliveTheControl) {
+    const int icons = ImageList_GetImageCount(images_.Get());
+    ASSERT_GT(icons, 0);
+    window_.Destroy();
+    EXPECT_EQ(ImageList_GetImageCount(images_.Get()), icons);
+}
+
+TEST_F(ProcessListViewTest, RowsCarryPidsAndFormattedCells) {
+    FakeProcess& busy = source_->Add(4100, L"busy.exe");
+    busy.values.cpuPercent = 42;
+    busy.values.memoryBytes = 3 * 1024 * 1024;
+    busy.values.ioDeltaBytes = 512;
+    busy.values.description = L"Busy worker";
+    busy.values.creationTime = {2024, 2, 0, 29, 23, 1, 2, 0};
+    busy.values.handleCount = 77;
+    FakeProcess& idle = source_->Add(4200, L"idle.exe");
+    idle.values.handleCount = 5;
+    idle.values.userObjectCount = 2;
+    idle.values.gdiObjectCount = 6;
+
+    EXPECT_EQ(list_.Refresh(), 1);
+    ASSERT_EQ(ListView_GetItemCount(ListView()), 2);
+    for (const FakeProcess& process : source_->processes) {
+        const int row = RowOfPid(ListView(), process.values.pid);
+        ASSERT_GE(row, 0);
+        const auto expected = proclist::FormatRowCells(process.values, true, kStartTimeFormat);
+        for (int column = 0; column < proclist::kColumnCount; ++column) {
+            EXPECT_EQ(CellText(ListView(), row, column), expected[column]) << "column " << column;
+        }
+    }
+    EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 4100), proclist::kColumnStartTime), L"29/02/2024 23:01:02");
+    EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 4200), proclist::kColumnCpuUsage), L"");
+}
+
+TEST_F(ProcessListViewTest, BlankZeroOffShowsZeroCounters) {
+    source_->Add(4300, L"idle.exe");
+    wren::regOptions.SetOptionBOOL(options::BlankZero.name, 0);
+    list_.Refresh();
+    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnCpuUsage), L"0 %");
+    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnIo), L"0 KB/s");
+    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnMemoryUsage), L"0 KB");
+}
+
+TEST_F(ProcessListViewTest, CellsFollowChangedValues) {
+    source_->Add(4400, L"grow.exe");
+    list_.Refresh();
+    source_->Find(4400)->values.memoryBytes = 8192;
+    source_->Find(4400)->values.handleCount = 12;
+    list_.Refresh();
+    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnMemoryUsage), L"8 KB");
+    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnHandles), L"12");
+}
+
+TEST_F(ProcessListViewTest, NewProcessIsInsertedAtTheTop) {
+    list_.SetSortState({kUnsorted, false});
+    AddNumbered({10, 20, 30});
+    list_.Refresh();
+    source_->Add(5, L"new.exe");
+    list_.Refresh();
+    ASSERT_EQ(ListView_GetItemCount(ListView()), 4);
+    EXPECT_EQ(PidOfRow(ListView(), 0), 5u);
+}
+
+TEST_F(ProcessListViewTest, TwoAdjacentEndedRowsLeaveOverTwoRefreshes) {
+    list_.SetSortState({kUnsorted, false});
+    AddNumbered({10, 20, 30, 40});
+    list_.Refresh();
+    ASSERT_EQ(Rows(), (std::vector<unsigned>{40, 30, 20, 10}));
+    source_->Remove(30);
+    source_->Remove(20);
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 20, 10})) << "the row moving up is examined next time";
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 10}));
+}
+
+TEST_F(ProcessListViewTest, TreeModeIndentsByDepthOtherModesDoNot) {
+    list_.SetSortState({proclist::kSortProcessTree, false});
+    const std::pair<unsigned, int> tree[] = {{100, 0}, {110, 1}, {111, 2}, {200, 0}};
+    double position = 0;
+    for (const auto& [pid, depth] : tree) {
+        FakeProcess& process = source_->Add(pid, L"tree.exe");
+        process.treeDepth = depth;
+        process.treePosition = position++;
+    }
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{100, 110, 111, 200}));
+    for (const auto& [pid, depth] : tree) EXPECT_EQ(RowIndent(ListView(), RowOfPid(ListView(), pid)), depth);
+
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_PROCESS_ID));
+    for (const auto& [pid, depth] : tree) EXPECT_EQ(RowIndent(ListView(), RowOfPid(ListView(), pid)), 0);
+}
+
+TEST_F(ProcessListViewTest, ReversedTreeKeepsTheIndentation) {
+    list_.SetSortState({proclist::kSortProcessTree, true});
+    source_->Add(1, L"root.exe").treePosition = 0;
+    FakeProcess& child = source_->Add(2, L"child.exe");
+    child.treePosition = 1;
+    child.treeDepth = 1;
+    source_->Add(3, L"other.exe").treePosition = 2;
+    list_.Refresh();
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{3, 2, 1}));
+    EXPECT_EQ(RowIndent(ListView(), 1), 1);
+}
+
+TEST_F(ProcessListViewTest, RowImageFollowsTheProvider) {
+    source_->Add(700, L"icon.exe").imageIndex = 1;
+    list_.Refresh();
+    EXPECT_EQ(RowImage(ListView(), 0), 1);
+    source_->Find(700)->imageIndex = 2;
+    list_.Refresh();
+    EXPECT_EQ(RowImage(ListView(), 0), 2);
+}
+
+TEST_F(ProcessListViewTest, TwoRowsInTheWrongOrderAreNotSorted) {
+    list_.SetSortState({proclist::kSortProcessId, false});
+    AddNumbered({10, 20});
+    list_.Refresh();
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{20, 10}));
+}
+
+TEST_F(ProcessListViewTest, MisplacedFirstPairSortsTheWholeList) {
+    list_.SetSortState({proclist::kSortProcessId, false});
+    AddNumbered({10, 20, 30, 40});
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 20, 30, 40}));
+}
+
+TEST_F(ProcessListViewTest, MisplacedLastPairAloneIsNotSorted) {
+    list_.SetSortState({proclist::kSortCpuUsage, false});
+    const unsigned cpu[] = {40, 30, 20, 10};
+    unsigned pid = 1;
+    for (unsigned value : cpu) source_->Add(pid++, L"cpu.exe").values.cpuPercent = value;
+    list_.Refresh();
+    ASSERT_EQ(Rows(), (std::vector<unsigned>{1, 2, 3, 4}));
+    source_->Find(4)->values.cpuPercent = 25;  // now belongs above row 2, but only the last pair shows it
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{1, 2, 3, 4}));
+    source_->Find(2)->values.cpuPercent = 5;  // the first pairs are wrong now
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{1, 4, 3, 2}));
+}
+
+TEST_F(ProcessListViewTest, StoredModeThirteenLeavesTheListUnsorted) {
+    wren::regOptions.SetOptionDWORD(options::TaskListSortMode.name, kUnsorted);
+    AddNumbered({10, 20, 30, 40});
+    list_.RestoreState();
+    EXPECT_EQ(list_.GetSortState().mode, kUnsorted);
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 30, 20, 10}));
+    source_->Add(25, L"late.exe");
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{25, 40, 30, 20, 10}));
+    EXPECT_TRUE(CheckedCommands(SortMenuOf(window_.Get())).empty());
+}
+
+TEST_F(ProcessListViewTest, ProcessIdWithReverseSetGivesDescendingPidsAtOnce) {
+    AddNumbered({10, 20, 30, 40});
+    list_.SetSortState({proclist::kSortCpuUsage, true});
+    list_.Refresh();
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_PROCESS_ID));
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortProcessId, true}));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 30, 20, 10}));
+}
+
+TEST_F(ProcessListViewTest, ReverseCommandFlipsTheOrder) {
+    list_.SetSortState({proclist::kSortProcessId, false});
+    AddNumbered({10, 20, 30, 40});
+    list_.Refresh();
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_REVERSE));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 30, 20, 10}));
+    EXPECT_FALSE(list_.OnSortCommand(IDM_RATE_LOW));
+}
+
+TEST_F(ProcessListViewTest, NameSortUsesTheDefaultLocaleOrder) {
+    const wchar_t* names[] = {L"zeta.exe", L"Alpha.exe", L"alpha.exe", L"beta.exe", L"Beta.exe"};
+    unsigned pid = 1;
+    for (const wchar_t* name : names) source_->Add(pid++, name);
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_PROCESS_NAME));
+    std::vector<std::wstring> shown;
+    for (int row = 0; row < ListView_GetItemCount(ListView()); ++row) shown.push_back(CellText(ListView(), row, 0));
+    EXPECT_TRUE(std::is_sorted(shown.begin(), shown.end(), [](const std::wstring& a, const std::wstring& b) {
+        return proclist::CompareTextDefaultLocale(a, b) < 0;
+    })) << ::testing::PrintToString(shown);
+    EXPECT_EQ(shown.back(), L"zeta.exe");
+}
+
+TEST_F(ProcessListViewTest, GdiSortUsesTheProvidersCount) {
+    list_.SetSortState({proclist::kSortGdiObjects, false});
+    FakeProcess& few = source_->Add(1, L"few.exe");
+    few.sortGdiObjects = 1;
+    few.values.gdiObjectCount = 900;
+    source_->Add(2, L"mid.exe").sortGdiObjects = 50;
+    source_->Add(3, L"many.exe").sortGdiObjects = 100;
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{3, 2, 1}));
+}
+
+TEST_F(ProcessListViewTest, HeaderClickSelectsTheShiftedModeAndChecksIt) {
+    AddNumbered({10, 20, 30, 40});
+    source_->Find(10)->values.memoryBytes = 3000;
+    source_->Find(20)->values.memoryBytes = 1000;
+    source_->Find(30)->values.memoryBytes = 2000;
+    source_->Find(40)->values.memoryBytes = 500;
+    list_.SetSortState({proclist::kSortProcessTree, false});
+    HMENU before = SortMenuOf(window_.Get());
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, false}));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 30, 20, 40}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_MEMORY_USAGE}));
+    EXPECT_FALSE(IsMenu(before)) << "the replaced submenu is destroyed";
+
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, true}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())),
+              (std::vector<UINT>{IDM_SORT_MEMORY_USAGE, IDM_SORT_REVERSE}));
+}
+
+TEST_F(ProcessListViewTest, GdiHeaderClickChangesNothing) {
+    list_.SetSortState({proclist::kSortHandleCount, true});
+    list_.OnHeaderClick(proclist::kColumnGdiObjects);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortHandleCount, true}));
+}
+
+TEST_F(ProcessListViewTest, SortMenuKeepsItsPlaceAndTitle) {
+    wchar_t before[64] = {};
+    GetMenuStringW(GetSubMenu(GetMenu(window_.Get()), 1), 0, before, 64, MF_BYPOSITION);
+    list_.UpdateSortMenu();
+    wchar_t after[64] = {};
+    GetMenuStringW(GetSubMenu(GetMenu(window_.Get()), 1), 0, after, 64, MF_BYPOSITION);
+    EXPECT_STREQ(after, before);
+    EXPECT_EQ(GetMenuItemCount(SortMenuOf(window_.Get())), 15);
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_START_ORDER}));
+}
+
+TEST_F(ProcessListViewTest, SortStateIsRestoredAndSaved) {
+    wren::regOptions.SetOptionDWORD(options::TaskListSortMode.name, proclist::kSortUsername);
+    wren::regOptions.SetOptionBOOL(options::TaskListSortReverse.name, 1);
+    list_.RestoreState();
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortUsername, true}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_USERNAME, IDM_SORT_REVERSE}));
+
+    list_.SetSortState({proclist::kSortHandleCount, false});
+    list_.SaveSortState();
+    EXPECT_EQ(wren::regOptions.GetOptionDWORD(options::TaskListSortMode.name, 99), proclist::kSortHandleCount + 0u);
+    EXPECT_EQ(wren::regOptions.GetOptionBOOL(options::TaskListSortReverse.name, 99), 0);
+}
+
+std::vector<int> ColumnOrder(HWND list) {
+    std::vector<int> order(proclist::kColumnCount);
+    ListView_GetColumnOrderArray(list, proclist::kColumnCount, order.data());
+    return order;
+}
+
+std::vector<int> DefaultOrder() {
+    std::vector<int> order(proclist::kColumnCount);
+    for (int i = 0; i < proclist::kColumnCount; ++i) order[i] = i;
+    return order;
+}
+
+std::vector<int> ReversedOrder() {
+    std::vector<int> order = DefaultOrder();
+    std::reverse(order.begin(), order.end());
+    return order;
+}
+
+TEST_F(ProcessListViewTest, ColumnOrderOfExactly52BytesIsRestored) {
+    const std::vector<int> stored = ReversedOrder();
+    wren::regOptions.SetOptionBINARY(options::TaskListColumns.name, stored.data(), proclist::kColumnOrderBytes);
+    list_.RestoreState();
+    EXPECT_EQ(ColumnOrder(ListView()), stored);
+}
+
+TEST_F(ProcessListViewTest, ColumnOrderOfAnyOtherSizeIsIgnored) {
+    std::vector<int> stored = ReversedOrder();
+    stored.push_back(0);
+    for (unsigned bytes : {48u, 56u}) {
+        SCOPED_TRACE(bytes);
+        wren::regOptions.SetOptionBINARY(options::TaskListColumns.name, stored.data(), bytes);
+        list_.RestoreState();
+        EXPECT_EQ(ColumnOrder(ListView()), DefaultOrder());
+    }
+}
+
+TEST_F(ProcessListViewTest, ColumnOrderIsSavedFromTheListView) {
+    std::vector<int> order = DefaultOrder();
+    std::swap(order[1], order[7]);
+    ListView_SetColumnOrderArray(ListView(), proclist::kColumnCount, order.data());
+    list_.SaveColumnOrder();
+    std::vector<int> stored(proclist::kColumnCount + 1, -1);
+    unsigned bytesRead = 0;
+    wren::regOptions.GetOptionBINARY(options::TaskListColumns.name, stored.data(),
+                                     static_cast<unsigned>(stored.size() * sizeof(int)), &bytesRead);
+    EXPECT_EQ(bytesRead, proclist::kColumnOrderBytes);
+    stored.resize(proclist::kColumnCount);
+    EXPECT_EQ(stored, order);
+}
+
+TEST_F(ProcessListViewTest, SortingWithAnEndedProcessStillInTheListDoesNotFail) {
+    AddNumbered({10, 20, 30, 40});
+    list_.SetSortState({proclist::kSortUsername, false});
+    list_.Refresh();
+    source_->Remove(20);
+    EXPECT_TRUE(list_.OnSortCommand(IDM_SORT_CPU_USAGE));
+    EXPECT_EQ(RowOfPid(ListView(), 20), -1);
+}
+
+}  // namespace
+}  // namespace proclist_test
