@@ -1,0 +1,119 @@
+// Compare-then-set: an equal text is left alone (no WM_SETTEXT, no cell rewrite), a different one is written.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "test_windows.h"
+#include "wren.h"
+
+namespace {
+
+constexpr int kEditId = 100;
+
+std::wstring TextOf(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+class DialogItemText : public ::testing::Test {
+protected:
+    UniqueWindow parent_ = CreateTopLevel(0, 0, 400, 300);
+    HWND edit_ = CreateChild(parent_.get(), L"EDIT", kEditId, ES_AUTOHSCROLL, L"4 Processes");
+};
+
+TEST_F(DialogItemText, EqualTextIsNotWrittenAgain) {
+    MessageCounter setText(edit_, WM_SETTEXT);
+    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId, L"4 Processes"), 1);
+    EXPECT_EQ(setText.Seen(), 0);
+}
+
+TEST_F(DialogItemText, DifferentTextIsWrittenOnce) {
+    MessageCounter setText(edit_, WM_SETTEXT);
+    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId, L"5 Processes"), 1);
+    EXPECT_EQ(setText.Seen(), 1);
+    EXPECT_EQ(TextOf(edit_), L"5 Processes");
+}
+
+TEST_F(DialogItemText, LongEqualTextIsComparedInFull) {
+    const std::wstring longText(2000, L'x');
+    wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
+    MessageCounter setText(edit_, WM_SETTEXT);
+    wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
+    EXPECT_EQ(setText.Seen(), 0);
+    wren::SetDlgItemTextW(parent_.get(), kEditId, (longText + L"y").c_str());
+    EXPECT_EQ(setText.Seen(), 1);
+}
+
+TEST_F(DialogItemText, EmptyAndNullTextClearTheControl) {
+    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId, nullptr), 1);
+    EXPECT_EQ(TextOf(edit_), L"");
+    MessageCounter setText(edit_, WM_SETTEXT);
+    wren::SetDlgItemTextW(parent_.get(), kEditId, L"");
+    EXPECT_EQ(setText.Seen(), 0);
+}
+
+TEST_F(DialogItemText, MissingControlFails) {
+    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId + 1, L"text"), 0);
+}
+
+class ListViewText : public ::testing::Test {
+protected:
+    void SetUp() override {
+        INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_LISTVIEW_CLASSES};
+        InitCommonControlsEx(&controls);
+        listView_ = CreateChild(parent_.get(), WC_LISTVIEWW, 5001, LVS_REPORT, L"");
+        ASSERT_NE(listView_, nullptr);
+        for (int column = 0; column < 2; ++column) {
+            LVCOLUMNW header{};
+            header.mask = LVCF_WIDTH;
+            header.cx = 100;
+            ListView_InsertColumn(listView_, column, &header);
+        }
+        LVITEMW row{};
+        row.mask = LVIF_TEXT;
+        row.pszText = const_cast<wchar_t*>(L"explorer.exe");
+        ASSERT_EQ(ListView_InsertItem(listView_, &row), 0);
+        ListView_SetItemText(listView_, 0, 1, const_cast<wchar_t*>(L"12,345 K"));
+    }
+
+    std::wstring Cell(int column) const {
+        wchar_t text[4096] = {};
+        ListView_GetItemText(listView_, 0, column, text, 4096);
+        return text;
+    }
+
+    UniqueWindow parent_ = CreateTopLevel(0, 0, 400, 300);
+    HWND listView_ = nullptr;
+};
+
+TEST_F(ListViewText, EqualCellIsNotRewritten) {
+    MessageCounter setItemText(listView_, LVM_SETITEMTEXTW);
+    EXPECT_EQ(wren::ListViewSetItemText(listView_, 0, 1, L"12,345 K"), 1);
+    EXPECT_EQ(wren::ListViewSetItemText(listView_, 0, 0, L"explorer.exe"), 1);
+    EXPECT_EQ(setItemText.Seen(), 0);
+}
+
+TEST_F(ListViewText, DifferentCellIsRewrittenOnce) {
+    MessageCounter setItemText(listView_, LVM_SETITEMTEXTW);
+    EXPECT_EQ(wren::ListViewSetItemText(listView_, 0, 1, L"12,346 K"), 1);
+    EXPECT_EQ(setItemText.Seen(), 1);
+    EXPECT_EQ(Cell(1), L"12,346 K");
+    EXPECT_EQ(Cell(0), L"explorer.exe") << "other cells untouched";
+}
+
+TEST_F(ListViewText, CellLongerThanAFirstGuessIsComparedInFull) {
+    const std::wstring path = L"C:\\" + std::wstring(700, L'p') + L"\\app.exe";
+    wren::ListViewSetItemText(listView_, 0, 1, path.c_str());
+    ASSERT_EQ(Cell(1), path);
+    MessageCounter setItemText(listView_, LVM_SETITEMTEXTW);
+    wren::ListViewSetItemText(listView_, 0, 1, path.c_str());
+    EXPECT_EQ(setItemText.Seen(), 0);
+    const std::wstring otherPath = L"C:\\" + std::wstring(700, L'p') + L"\\app2.exe";
+    wren::ListViewSetItemText(listView_, 0, 1, otherPath.c_str());
+    EXPECT_EQ(setItemText.Seen(), 1);
+}
+
+TEST_F(ListViewText, RowThatDoesNotExistFails) { EXPECT_EQ(wren::ListViewSetItemText(listView_, 5, 0, L"x"), 0); }
+
+}  // namespace

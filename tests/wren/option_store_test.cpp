@@ -1,0 +1,159 @@
+// The option store against the real registry of the build's Wine prefix.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <numeric>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "test_application.h"
+#include "wren.h"
+
+namespace {
+
+using Block = std::array<BYTE, 52>;
+
+Block PatternBlock(BYTE first) {
+    Block block{};
+    std::iota(block.begin(), block.end(), first);
+    return block;
+}
+
+class OptionStore : public ::testing::Test {
+protected:
+    ScopedTestApplication application_{L"WrenOptionStoreTests"};
+    wren::REGOPTIONS& store_ = wren::regOptions;
+};
+
+TEST_F(OptionStore, NeverWrittenOptionsReadAsTheirDefaults) {
+    EXPECT_EQ(store_.GetOptionBOOL(L"NeverWrittenBool", 0), 0);
+    EXPECT_EQ(store_.GetOptionBOOL(L"NeverWrittenBool", 1), 1);
+    EXPECT_EQ(store_.GetOptionDWORD(L"NeverWrittenDword", 1000u), 1000u);
+    EXPECT_EQ(store_.GetOptionDWORD(L"NeverWrittenDword", 3u), 3u);
+
+    const Block untouched = PatternBlock(7);
+    Block buffer = untouched;
+    unsigned bytesRead = 1234;
+    store_.GetOptionBINARY(L"NeverWrittenBlock", buffer.data(), sizeof(buffer), &bytesRead);
+    EXPECT_EQ(bytesRead, 0u);
+    EXPECT_EQ(buffer, untouched);
+}
+
+TEST_F(OptionStore, BoolRoundTripsEitherWay) {
+    store_.SetOptionBOOL(L"SomeFlag", 1);
+    EXPECT_EQ(store_.GetOptionBOOL(L"SomeFlag", 0), 1);
+    store_.SetOptionBOOL(L"SomeFlag", 0);
+    EXPECT_EQ(store_.GetOptionBOOL(L"SomeFlag", 1), 0);
+}
+
+TEST_F(OptionStore, DwordRoundTripsTheWholeRange) {
+    for (unsigned value : {0u, 100u, 3000u, 0x80000000u, 0xffffffffu}) {
+        EXPECT_EQ(store_.SetOptionDWORD(L"SomeNumber", value), 1);
+        EXPECT_EQ(store_.GetOptionDWORD(L"SomeNumber", value + 1), value);
+    }
+}
+
+TEST_F(OptionStore, BinaryRoundTripsAndReportsItsSize) {
+    const Block written = PatternBlock(1);
+    EXPECT_EQ(store_.SetOptionBINARY(L"SomeBlock", written.data(), sizeof(written)), 1);
+    Block read{};
+    unsigned bytesRead = 0;
+    store_.GetOptionBINARY(L"SomeBlock", read.data(), sizeof(read), &bytesRead);
+    EXPECT_EQ(bytesRead, sizeof(written));
+    EXPECT_EQ(read, written);
+}
+
+TEST_F(OptionStore, OverwritingReplacesTheOldValue) {
+    store_.SetOptionDWORD(L"Rewritten", 1);
+    store_.SetOptionDWORD(L"Rewritten", 2);
+    EXPECT_EQ(store_.GetOptionDWORD(L"Rewritten", 0), 2u);
+}
+
+TEST_F(OptionStore, ValuesLandInTheSettingsKeyWithTheirRegistryTypes) {
+    EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\WrenOptionStoreTests\\Settings");
+    store_.SetOptionBOOL(L"TypedBool", 1);
+    store_.SetOptionDWORD(L"TypedDword", 500);
+    const Block block = PatternBlock(3);
+    store_.SetOptionBINARY(L"TypedBlock", block.data(), sizeof(block));
+
+    const RawValue flag = ReadRawValue(L"TypedBool");
+    ASSERT_TRUE(flag.exists);
+    EXPECT_EQ(flag.type, static_cast<DWORD>(REG_DWORD));
+    const RawValue number = ReadRawValue(L"TypedDword");
+    ASSERT_TRUE(number.exists);
+    EXPECT_EQ(number.type, static_cast<DWORD>(REG_DWORD));
+    ASSERT_EQ(number.bytes.size(), sizeof(DWORD));
+    DWORD stored = 0;
+    std::memcpy(&stored, number.bytes.data(), sizeof(stored));
+    EXPECT_EQ(stored, 500u);
+    const RawValue blockValue = ReadRawValue(L"TypedBlock");
+    ASSERT_TRUE(blockValue.exists);
+    EXPECT_EQ(blockValue.type, static_cast<DWORD>(REG_BINARY));
+    EXPECT_EQ(blockValue.bytes, std::vector<BYTE>(block.begin(), block.end()));
+}
+
+TEST_F(OptionStore, AStringWhereANumberBelongsReadsAsTheDefault) {
+    const std::wstring text = L"1";
+    ASSERT_TRUE(WriteRawValue(L"UpdateInterval", REG_SZ, text.c_str(),
+                              static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+    EXPECT_EQ(store_.GetOptionDWORD(L"UpdateInterval", 1000u), 1000u);
+    EXPECT_EQ(store_.GetOptionBOOL(L"UpdateInterval", 0), 0);
+}
+
+TEST_F(OptionStore, FourBinaryBytesWhereADwordBelongsReadAsTheDefault) {
+    const DWORD looksLikeANumber = 250;
+    ASSERT_TRUE(WriteRawValue(L"UpdateInterval", REG_BINARY, &looksLikeANumber, sizeof(looksLikeANumber)));
+    EXPECT_EQ(store_.GetOptionDWORD(L"UpdateInterval", 1000u), 1000u);
+}
+
+TEST_F(OptionStore, ADwordWhereABlockBelongsIsNotABlock) {
+    store_.SetOptionDWORD(L"TaskListColumns", 52);
+    Block buffer{};
+    unsigned bytesRead = 99;
+    store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
+    EXPECT_EQ(bytesRead, 0u);
+}
+
+TEST_F(OptionStore, ShorterBlockIsSeenByItsSize) {
+    const std::vector<BYTE> shortBlock(48, 0x5a);
+    store_.SetOptionBINARY(L"TaskListColumns", shortBlock.data(), static_cast<unsigned>(shortBlock.size()));
+    Block buffer{};
+    unsigned bytesRead = 0;
+    store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
+    EXPECT_NE(bytesRead, sizeof(buffer));
+    EXPECT_EQ(bytesRead, shortBlock.size());
+}
+
+TEST_F(OptionStore, LongerBlockReadsNothingAndLeavesTheBufferAlone) {
+    const std::vector<BYTE> longBlock(56, 0xa5);
+    store_.SetOptionBINARY(L"TaskListColumns", longBlock.data(), static_cast<unsigned>(longBlock.size()));
+    const Block untouched = PatternBlock(9);
+    Block buffer = untouched;
+    unsigned bytesRead = 77;
+    store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
+    EXPECT_EQ(bytesRead, 0u);
+    EXPECT_EQ(buffer, untouched);
+}
+
+TEST_F(OptionStore, ConcurrentReadersAndWritersEachSeeTheirOwnValues) {
+    constexpr unsigned kThreads = 4;
+    constexpr unsigned kRounds = 150;
+    std::vector<unsigned> mismatches(kThreads, 0);
+    std::vector<std::thread> threads;
+    for (unsigned thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([this, thread, &mismatches] {
+            const std::wstring name = L"Concurrent" + std::to_wstring(thread);
+            for (unsigned round = 0; round < kRounds; ++round) {
+                const unsigned value = thread * 100000 + round;
+                store_.SetOptionDWORD(name.c_str(), value);
+                if (store_.GetOptionDWORD(name.c_str(), 0xffffffffu) != value) ++mismatches[thread];
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (unsigned thread = 0; thread < kThreads; ++thread) EXPECT_EQ(mismatches[thread], 0u) << "thread " << thread;
+}
+
+}  // namespace
