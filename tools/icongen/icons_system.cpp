@@ -135,7 +135,7 @@ void DrawOptions(Canvas& c) {
         gear = Union(gear, Segment(OnCircle(centre, 9, a), OnCircle(centre, 13.2f, a), 2.6f));
     }
     gear = Subtract(gear, Circle(centre, 4.5f));
-    c.FillOutlined(gear, Shade(hues::kSlate, 2, 30), hues::kSlate.outline);
+    c.FillOutlined(gear, Shade(hues::kGrey, 2, 30), hues::kGrey.outline);
 }
 
 void DrawWebsite(Canvas& c) {

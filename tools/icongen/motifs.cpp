@@ -52,7 +52,7 @@ Shape GlyphShape(Glyph glyph, Vec2 c, float r, float minHalfStroke) {
 void SymbolDisc(Canvas& canvas, Vec2 centre, float radius, const Hue& hue, Glyph glyph) {
     const Shape disc = Circle(centre, radius);
     canvas.FillOutlined(disc, Shade(hue, centre.y - radius, centre.y + radius), hue.outline);
-    canvas.Fill(GlyphShape(glyph, centre, radius, 0.6f * canvas.Px()), kWhite);
+    canvas.Fill(GlyphShape(glyph, centre, radius, 0.65f * canvas.Px()), kWhite);
 }
 
 void Badge(Canvas& canvas, const Hue& hue, Glyph glyph) {

@@ -27,7 +27,8 @@ inline const Hue kIndigo{Rgb(0x8C94F2), Rgb(0x4A55C8), Rgb(0x2A3180)};
 inline const Hue kPaper{Rgb(0xFFFFFF), Rgb(0xE8EDF2), Rgb(0x56616C)};
 inline const Hue kFolder{Rgb(0xFFE38E), Rgb(0xF1B93A), Rgb(0x97700F)};
 inline const Hue kGold{Rgb(0xFFE27A), Rgb(0xE0A526), Rgb(0x7F5A0B)};
-inline const Hue kDark{Rgb(0x3A4855), Rgb(0x1E272F), Rgb(0x0E1317)};
+// Dark pictures get a mid-tone rim, which reads on light and on dark ground alike.
+inline const Hue kDark{Rgb(0x3A4855), Rgb(0x1E272F), Rgb(0x5A6878)};
 }  // namespace hues
 
 inline const Colour kWhite = Rgb(0xFFFFFF);
