@@ -2,7 +2,9 @@
 // by id in the current language), warning box, fonts, list-view column helper, bounded formatted print.
 #pragma once
 #include <windows.h>
+#include <cstdarg>
 #include <cstddef>
+#include <memory>
 
 #ifdef FINCH_BUILD
 #define FINCH_API __declspec(dllexport)
@@ -51,19 +53,25 @@ public:
     static constexpr LANGID English = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
     static constexpr LANGID German = MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN);
 
+    UIL_LANGMODULE();
+    ~UIL_LANGMODULE();
+    UIL_LANGMODULE(const UIL_LANGMODULE&) = delete;
+    UIL_LANGMODULE& operator=(const UIL_LANGMODULE&) = delete;
+
     int Init(HINSTANCE instance, const wchar_t* appName, const wchar_t* appCode, LANGID language);
     int SelectLanguage(LANGID language);
     LANGID GetLanguage() const;
     // The text of a string id in the current language; "" for an unknown id, never null.
-    // The pointer stays valid for the life of the process.
+    // The pointer stays valid as long as this object (for the global one: the life of the process).
     const wchar_t* GetLangString(UINT id) const;
     HMENU LoadLangMenu(UINT menuId) const;
     INT_PTR ShowDialogParam(UINT dialogId, HWND parent, DLGPROC procedure, LPARAM parameter) const;
     HWND LoadDialogParam(UINT dialogId, HWND parent, DLGPROC procedure, LPARAM parameter) const;
 
 private:
-    HINSTANCE instance_ = nullptr;
-    volatile LONG language_ = English;
+    // Module, current language and the string tables built so far; defined inside the library.
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 FINCH_API extern APIP_EXECORE APIP_ExeCore;
@@ -75,6 +83,7 @@ FINCH_API extern HFONT APIP_hFontBold;
 FINCH_API int UIP_ShowWarning(HWND parent, const wchar_t* title, const wchar_t* text, const wchar_t* caption);
 FINCH_API void APIP_SetWindowFont(HWND window, HFONT font, BOOL redraw);
 // A font of the given face; width 0 means the face's default, height in logical units (negative = character height).
+// The caller owns the font (DeleteObject when done).
 FINCH_API HFONT APIP_LoadFont(const wchar_t* face, int width, int height);
 // Adds a column: alignment 0 = left, 1 = right. Returns the new column's index or -1.
 FINCH_API int UIP_ListViewAddColumn(HWND listView, int index, const wchar_t* text, int width, int alignment);
