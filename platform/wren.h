@@ -26,7 +26,8 @@ WREN_API const wchar_t* GetBuildTime();
 WREN_API void SetStoredInstance(HINSTANCE instance);
 WREN_API HINSTANCE GetStoredInstance();
 // Finishes registration: from here on the option store and language settings know their registry key,
-// "Software\<company>\<application name>" under HKEY_CURRENT_USER.
+// "Software\Orvane Software\<application name>\Settings" under HKEY_CURRENT_USER. Before it, option reads
+// give their defaults and writes store nothing.
 WREN_API int PostInit();
 // The registry key (below HKEY_CURRENT_USER) that holds the options; valid after PostInit.
 WREN_API const wchar_t* GetSettingsKeyPath();
@@ -34,7 +35,8 @@ WREN_API const wchar_t* GetSettingsKeyPath();
 WREN_API int IsProcessInWow64();
 
 // ---- Language settings ----
-// Reads the stored language choice; non-zero when one is stored. Without one the current language is English.
+// Reads the stored language choice (REG_DWORD "LanguageID" in the Settings key: 0x0409 English, 0x0407 German);
+// non-zero when one is stored. Without one the current language is English.
 WREN_API int LoadLangSettings();
 // Lets the user choose the language (first start); stores the choice. Returns non-zero when one was chosen.
 WREN_API int SelectLanguageDialog(HWND parent);
