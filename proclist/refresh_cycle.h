@@ -66,6 +66,8 @@ public:
     // Ends the refresh thread and waits for it; safe to call more than once.
     void Stop();
     bool IsRunning() const { return static_cast<bool>(thread_); }
+    // True once the thread has returned (it does so by itself when the main window is gone).
+    bool HasThreadEnded() const { return thread_ && WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0; }
 
     void OnTimer(UINT_PTR timerId);
     // WM_USER: runs the view refresh when wParam is 4000; returns whether it was that request.

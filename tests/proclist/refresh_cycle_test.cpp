@@ -1,0 +1,281 @@
+// The refresh thread, the rates and the main window's timers, on a real window and the real provider.
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "app/option_keys.h"
+#include "command_ids.h"
+#include "dialog_ids.h"
+#include "proclist/process_list_view.h"
+#include "proclist/refresh_cycle.h"
+#include "test_environment.h"
+#include "wren.h"
+
+namespace proclist_test {
+namespace {
+
+using proclist::RefreshCycle;
+namespace options = lmvx::options;
+
+// What the hooks saw, written by the refresh thread and read by the test.
+struct HookLog {
+    std::mutex lock;
+    std::vector<std::string> steps;
+    std::vector<DWORD> viewThreads;
+    unsigned updatesSeenBySampler = 0;
+    int cycles = 0;
+
+    void Add(const char* step) {
+        std::lock_guard guard(lock);
+        steps.push_back(step);
+    }
+    int Cycles() {
+        std::lock_guard guard(lock);
+        return cycles;
+    }
+    size_t ViewRefreshes() {
+        std::lock_guard guard(lock);
+        return viewThreads.size();
+    }
+};
+
+class CycleForwarder final : public WindowHandlers {
+public:
+    explicit CycleForwarder(RefreshCycle& cycle) : cycle_(cycle) {}
+    void OnUser(WPARAM wParam) override { cycle_.OnRefreshMessage(wParam); }
+    void OnTimer(UINT_PTR id) override { cycle_.OnTimer(id); }
+
+private:
+    RefreshCycle& cycle_;
+};
+
+class RefreshCycleTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(provider_.Init(), 1);
+        window_.SetHandlers(&forwarder_);
+    }
+    void TearDown() override {
+        cycle_.Stop();
+        window_.SetHandlers(nullptr);
+        provider_.Delete();
+    }
+
+    proclist::RefreshHooks LoggingHooks() {
+        proclist::RefreshHooks hooks;
+        hooks.sampleSystem = [this] {
+            std::lock_guard guard(log_.lock);
+            log_.steps.push_back("sample");
+            log_.updatesSeenBySampler = provider_.GetUpdateCount();
+            ++log_.cycles;
+        };
+        hooks.updatePerformancePopups = [this] { log_.Add("popups"); };
+        hooks.updateSelectionView = [this](HWND list) {
+            log_.Add(list == window_.List() ? "selection" : "selection-without-list");
+        };
+        hooks.refreshDetailsViews = [this](HWND) { log_.Add("details"); };
+        hooks.updateStatusBar = [this] {
+            std::lock_guard guard(log_.lock);
+            log_.steps.push_back("status");
+            log_.viewThreads.push_back(GetCurrentThreadId());
+        };
+        hooks.rebuildProcessMenu = [this] { log_.Add("menu"); };
+        hooks.setSamplerInterval = [this](unsigned period, unsigned half) {
+            samplerPeriods_.emplace_back(period, half);
+        };
+        hooks.detailsPanePeriodic = [this] { ++paneTicks_; };
+        return hooks;
+    }
+
+    void StartCycle(unsigned periodMs) {
+        cycle_.Init(window_.Get(), LoggingHooks());
+        cycle_.SetRate(periodMs);
+        ASSERT_TRUE(cycle_.Start());
+    }
+
+    ScopedTestApplication app_{L"LumivexProclistCycleTest"};
+    kestrel::TL_PROCESSLIST provider_;
+    TestMainWindow window_{true};
+    RefreshCycle cycle_{provider_};
+    CycleForwarder forwarder_{cycle_};
+    HookLog log_;
+    std::vector<std::pair<unsigned, unsigned>> samplerPeriods_;
+    int paneTicks_ = 0;
+};
+
+TEST_F(RefreshCycleTest, CycleRunsItsStepsInOrderAfterTheProviderUpdate) {
+    const unsigned updatesBefore = provider_.GetUpdateCount();
+    StartCycle(100);
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    cycle_.Stop();
+    std::lock_guard guard(log_.lock);
+    EXPECT_GT(log_.updatesSeenBySampler, updatesBefore);
+    const std::vector<std::string> firstCycle(log_.steps.begin(), log_.steps.begin() + 6);
+    EXPECT_EQ(firstCycle, (std::vector<std::string>{"sample", "popups", "selection", "details", "status", "menu"}));
+}
+
+TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViews) {
+    TestMainWindow other(true);
+    SetForegroundWindow(other.Get());
+    ASSERT_NE(GetForegroundWindow(), window_.Get());
+    proclist::ProcessListView list;
+    ASSERT_TRUE(list.Attach(window_.List(), provider_));
+    StartCycle(100);
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    cycle_.Stop();
+    std::lock_guard guard(log_.lock);
+    for (DWORD thread : log_.viewThreads) EXPECT_EQ(thread, GetCurrentThreadId());
+    EXPECT_GT(ListView_GetItemCount(window_.List()), 0) << "the process list was refreshed through WM_USER 4000";
+    EXPECT_GE(RowOfPid(window_.List(), GetCurrentProcessId()), 0);
+}
+
+TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
+    SetForegroundWindow(window_.Get());
+    if (GetForegroundWindow() != window_.Get()) GTEST_SKIP() << "this display does not let the test take the foreground";
+    StartCycle(100);
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    cycle_.Stop();
+    std::lock_guard guard(log_.lock);
+    for (DWORD thread : log_.viewThreads) EXPECT_NE(thread, GetCurrentThreadId());
+}
+
+TEST_F(RefreshCycleTest, HiddenWindowKeepsSamplingWithoutViewRefresh) {
+    ShowWindow(window_.Get(), SW_HIDE);
+    StartCycle(100);
+    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 3; }, 20000));
+    cycle_.Stop();
+    EXPECT_EQ(log_.ViewRefreshes(), 0u);
+}
+
+TEST_F(RefreshCycleTest, ThreadEndsByItselfWhenTheMainWindowIsDestroyed) {
+    StartCycle(100);
+    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 1; }, 20000));
+    window_.SetHandlers(nullptr);
+    window_.Destroy();
+    EXPECT_TRUE(PumpUntil([this] { return cycle_.HasThreadEnded(); }, 20000));
+}
+
+TEST_F(RefreshCycleTest, StartSetsTheFourTimers) {
+    StartCycle(250);
+    for (UINT_PTR timer : {proclist::kRestoreHotKeyTimer, proclist::kRearmTimer, proclist::kSpareTimer,
+                           proclist::kDetailsPaneTimer}) {
+        EXPECT_TRUE(KillTimer(window_.Get(), timer)) << timer;
+    }
+}
+
+TEST_F(RefreshCycleTest, RearmTimerSetsItselfAgain) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.SetRate(0);
+    cycle_.OnTimer(proclist::kRearmTimer);
+    EXPECT_TRUE(KillTimer(window_.Get(), proclist::kRearmTimer));
+}
+
+TEST_F(RefreshCycleTest, DetailsPaneTimerRunsItsHook) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.OnTimer(proclist::kDetailsPaneTimer);
+    cycle_.OnTimer(proclist::kSpareTimer);
+    EXPECT_EQ(paneTicks_, 1);
+}
+
+TEST_F(RefreshCycleTest, OnlyWParam4000RunsTheViewRefresh) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    EXPECT_FALSE(cycle_.OnRefreshMessage(4001));
+    EXPECT_EQ(log_.ViewRefreshes(), 0u);
+    EXPECT_TRUE(cycle_.OnRefreshMessage(proclist::kViewRefreshRequest));
+    EXPECT_EQ(log_.ViewRefreshes(), 1u);
+}
+
+TEST_F(RefreshCycleTest, SetRateTellsTheSamplerAndChecksTheRate) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    HMENU before = RateMenuOf(window_.Get());
+    cycle_.SetRate(500);
+    EXPECT_EQ(cycle_.GetPeriod(), 500u);
+    EXPECT_EQ(samplerPeriods_.back(), (std::pair<unsigned, unsigned>{500, 250}));
+    EXPECT_EQ(CheckedCommands(RateMenuOf(window_.Get())), (std::vector<UINT>{IDM_RATE_MEDIUM}));
+    EXPECT_EQ(GetMenuItemCount(RateMenuOf(window_.Get())), 5);
+    EXPECT_FALSE(IsMenu(before)) << "the replaced submenu is destroyed";
+    cycle_.SetRate(250);
+    EXPECT_EQ(samplerPeriods_.back(), (std::pair<unsigned, unsigned>{250, 125}));
+}
+
+TEST_F(RefreshCycleTest, RateCommandsSelectTheirPeriods) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    const std::pair<unsigned, unsigned> rates[] = {{IDM_RATE_VERY_LOW, 3000}, {IDM_RATE_LOW, 1000},
+                                                   {IDM_RATE_MEDIUM, 500},    {IDM_RATE_HIGH, 250},
+                                                   {IDM_RATE_VERY_HIGH, 100}};
+    for (const auto& [command, period] : rates) {
+        ASSERT_TRUE(cycle_.OnRateCommand(command));
+        EXPECT_EQ(cycle_.GetPeriod(), period);
+        EXPECT_EQ(CheckedCommands(RateMenuOf(window_.Get())), (std::vector<UINT>{command}));
+    }
+    EXPECT_FALSE(cycle_.OnRateCommand(IDM_SORT_REVERSE));
+}
+
+TEST_F(RefreshCycleTest, StoredZeroRunsAsOneHundredAndIsSavedAsOneHundred) {
+    wren::regOptions.SetOptionDWORD(options::UpdateInterval.name, 0);
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.LoadRate();
+    EXPECT_EQ(cycle_.GetPeriod(), 0u);
+    EXPECT_EQ(CheckedCommands(RateMenuOf(window_.Get())), (std::vector<UINT>{IDM_RATE_VERY_HIGH}));
+    cycle_.SavePeriod();
+    EXPECT_EQ(wren::regOptions.GetOptionDWORD(options::UpdateInterval.name, 7), 100u);
+}
+
+TEST_F(RefreshCycleTest, StoredPeriodOutsideTheTableIsHonouredWithoutCheck) {
+    wren::regOptions.SetOptionDWORD(options::UpdateInterval.name, 2000);
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.LoadRate();
+    EXPECT_EQ(cycle_.GetPeriod(), 2000u);
+    EXPECT_EQ(samplerPeriods_.back(), (std::pair<unsigned, unsigned>{2000, 1000}));
+    EXPECT_TRUE(CheckedCommands(RateMenuOf(window_.Get())).empty());
+    cycle_.SavePeriod();
+    EXPECT_EQ(wren::regOptions.GetOptionDWORD(options::UpdateInterval.name, 7), 2000u);
+}
+
+TEST_F(RefreshCycleTest, UnsetUpdateIntervalDefaultsToOneSecond) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.LoadRate();
+    EXPECT_EQ(cycle_.GetPeriod(), 1000u);
+}
+
+// Key states given by the test: which keys are down, and which were asked for.
+std::vector<int> g_keysDown;
+std::vector<int> g_keysAsked;
+SHORT WINAPI FakeKeyState(int virtualKey) {
+    g_keysAsked.push_back(virtualKey);
+    for (int key : g_keysDown) {
+        if (key == virtualKey) return static_cast<SHORT>(0x8000);
+    }
+    return 0;
+}
+
+TEST_F(RefreshCycleTest, RestoreHotKeyShowsAHiddenWindow) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.SetKeyStateReader(FakeKeyState);
+    ShowWindow(window_.Get(), SW_HIDE);
+    g_keysDown = {VK_MENU, VK_LCONTROL};
+    cycle_.OnTimer(proclist::kRestoreHotKeyTimer);
+    EXPECT_FALSE(IsWindowVisible(window_.Get())) << "F11 is not down";
+    g_keysDown = {VK_MENU, VK_RCONTROL, VK_F11};
+    cycle_.OnTimer(proclist::kRestoreHotKeyTimer);
+    EXPECT_FALSE(IsWindowVisible(window_.Get())) << "only the left Ctrl key counts";
+    g_keysDown = {VK_MENU, VK_LCONTROL, VK_F11};
+    cycle_.OnTimer(proclist::kRestoreHotKeyTimer);
+    EXPECT_TRUE(IsWindowVisible(window_.Get()));
+}
+
+TEST_F(RefreshCycleTest, RestoreHotKeyRestoresAMinimisedWindow) {
+    cycle_.Init(window_.Get(), LoggingHooks());
+    cycle_.SetKeyStateReader(FakeKeyState);
+    ShowWindow(window_.Get(), SW_MINIMIZE);
+    ShowWindow(window_.Get(), SW_HIDE);
+    g_keysDown = {VK_MENU, VK_LCONTROL, VK_F11};
+    cycle_.OnTimer(proclist::kRestoreHotKeyTimer);
+    EXPECT_TRUE(IsWindowVisible(window_.Get()));
+    EXPECT_FALSE(IsIconic(window_.Get()));
+}
+
+}  // namespace
+}  // namespace proclist_test
