@@ -99,3 +99,11 @@ TEST(LanguageResources, FirstStartDialogNeedsNoLanguageAndOffersBoth) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(DialogLoader, AMissingTemplateIsAnErrorNotADialog) {
+    EXPECT_EQ(wren::DialogBoxParamW(Library(), MAKEINTRESOURCEW(999), nullptr, Inert, 0), -1);
+}
+
+}  // namespace
