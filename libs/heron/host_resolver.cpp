@@ -3,11 +3,16 @@
 #include <winsock2.h>
 
 #include <string>
+#include <utility>
 
 #include "name_cache.h"
 #include "name_lookup.h"
 
 namespace heron {
+
+HostResolver::HostResolver(Lookup lookup) : lookup_(std::move(lookup)) {}
+
+HostResolver::HostResolver() : HostResolver(LookupHostName) {}
 
 HostResolver::~HostResolver() {
     {
@@ -21,19 +26,21 @@ HostResolver::~HostResolver() {
 
 bool HostResolver::Resolve(const std::vector<AddressKey>& addresses, std::chrono::milliseconds budget) {
     std::unique_lock lock(mutex_);
-    bool queued = false;
+    std::vector<AddressKey> queuedNow;
     for (const AddressKey& key : addresses) {
         std::wstring ignored;
         if (pending_.count(key) != 0 || FindCachedName(key, ignored)) continue;
         pending_.insert(key);
         queue_.push_back(key);
-        queued = true;
+        queuedNow.push_back(key);
     }
-    if (queued) {
-        if (!worker_.joinable()) worker_ = std::thread(&HostResolver::Run, this);
-        wake_.notify_one();
-    }
-    return done_.wait_for(lock, budget, [&] { return AllDone(addresses); });
+    if (queuedNow.empty()) return AllDone(addresses);
+    if (!worker_.joinable()) worker_ = std::thread(&HostResolver::Run, this);
+    wake_.notify_one();
+    // Only new addresses are waited for: one that is slow to resolve holds up a single refresh, not all of
+    // the refreshes that follow while it is still being looked up.
+    done_.wait_for(lock, budget, [&] { return AllDone(queuedNow); });
+    return AllDone(addresses);
 }
 
 bool HostResolver::AllDone(const std::vector<AddressKey>& addresses) const {
@@ -53,7 +60,7 @@ void HostResolver::Run() {
         const AddressKey key = queue_.front();
         queue_.pop_front();
         lock.unlock();
-        const std::wstring name = winsockStarted ? LookupHostName(key) : std::wstring();
+        const std::wstring name = winsockStarted ? lookup_(key) : std::wstring();
         StoreCachedName(key, name);
         lock.lock();
         pending_.erase(key);

@@ -4,8 +4,10 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <set>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -15,20 +17,25 @@ namespace heron {
 
 class HostResolver {
 public:
-    HostResolver() = default;
+    using Lookup = std::function<std::wstring(const AddressKey&)>;
+
+    // lookup runs on the worker thread, one address at a time; the system resolver by default.
+    explicit HostResolver(Lookup lookup);
+    HostResolver();
     HostResolver(const HostResolver&) = delete;
     HostResolver& operator=(const HostResolver&) = delete;
     // Waits for the lookup in progress (if any) to end; queued ones are dropped.
     ~HostResolver();
 
-    // Queues the addresses whose names are not cached yet and waits until they are done or the budget has
-    // passed. Returns true when all of them are done.
+    // Queues the addresses whose names are neither cached nor already queued, and waits until those are
+    // done or the budget has passed. Returns true when all of the given addresses are done.
     bool Resolve(const std::vector<AddressKey>& addresses, std::chrono::milliseconds budget);
 
 private:
     void Run();
     bool AllDone(const std::vector<AddressKey>& addresses) const;
 
+    Lookup lookup_;
     std::mutex mutex_;
     std::condition_variable wake_;   // work queued or stop requested
     std::condition_variable done_;   // a lookup finished

@@ -27,11 +27,13 @@ protected:
         ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
     }
 
-    // Resolves until the listener has a name; a name the resolver is slow to find may take several calls,
-    // each of which returns after a bounded wait. A loopback address without a name stays empty.
+    // Resolves until the listener has a name; a name the resolver is slow to find shows at a later call,
+    // each call returning after a bounded wait. A loopback address without a name stays empty.
     _CONNECTIONOBJECT ResolvedListener() {
-        constexpr int kRounds = 20;
+        constexpr int kRounds = 100;
+        constexpr DWORD kPauseMs = 50;
         for (int round = 0; round < kRounds; ++round) {
+            if (round > 0) Sleep(kPauseMs);
             EXPECT_EQ(1, list_.ResolveAddresses());
             const auto item = FindByPorts(list_, kProtocolTcp, LocalPortOf(listener_), 0);
             if (!item) break;

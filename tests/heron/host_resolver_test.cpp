@@ -1,0 +1,117 @@
+// The lookup worker: the caller's wait is bounded however long a lookup takes, each address is looked up
+// once, and results are shared through the name cache.
+#include "host_resolver.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <string>
+
+#include "name_cache.h"
+
+namespace heron {
+namespace {
+
+AddressKey TestAddress(std::uint8_t last) {
+    AddressKey key;
+    key.address = {192, 0, 2, last};   // documentation range: never a real host
+    return key;
+}
+
+// Waits (bounded) until the name cache knows the address.
+bool WaitUntilCached(const AddressKey& key, std::wstring& name) {
+    constexpr int kRounds = 200;
+    for (int round = 0; round < kRounds; ++round) {
+        if (FindCachedName(key, name)) return true;
+        Sleep(25);
+    }
+    return false;
+}
+
+TEST(HostResolver, ReturnsWhileALookupIsStillRunning) {
+    std::promise<void> release;
+    std::shared_future<void> released = release.get_future().share();
+    HostResolver resolver([released](const AddressKey&) {
+        released.wait();
+        return std::wstring(L"slow.example");
+    });
+    const AddressKey key = TestAddress(1);
+
+    // The lookup cannot finish before it is released, so Resolve can only come back by its budget.
+    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
+    std::wstring name;
+    EXPECT_FALSE(FindCachedName(key, name));
+    // Asking again does not queue the address a second time and does not wait for it.
+    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
+
+    release.set_value();
+    ASSERT_TRUE(WaitUntilCached(key, name));
+    EXPECT_EQ(std::wstring(L"slow.example"), name);
+}
+
+TEST(HostResolver, LooksEachAddressUpOnce) {
+    std::atomic<int> lookups{0};
+    HostResolver resolver([&lookups](const AddressKey&) {
+        ++lookups;
+        return std::wstring(L"once.example");
+    });
+    const AddressKey key = TestAddress(2);
+    ASSERT_TRUE(resolver.Resolve({key, key}, std::chrono::seconds(10)));
+    ASSERT_TRUE(resolver.Resolve({key}, std::chrono::seconds(10)));
+    EXPECT_EQ(1, lookups.load());
+}
+
+TEST(HostResolver, AnAddressWithoutANameIsNotLookedUpAgain) {
+    std::atomic<int> lookups{0};
+    HostResolver resolver([&lookups](const AddressKey&) {
+        ++lookups;
+        return std::wstring();
+    });
+    const AddressKey key = TestAddress(3);
+    ASSERT_TRUE(resolver.Resolve({key}, std::chrono::seconds(10)));
+    ASSERT_TRUE(resolver.Resolve({key}, std::chrono::seconds(10)));
+    EXPECT_EQ(1, lookups.load());
+    std::wstring name = L"x";
+    ASSERT_TRUE(FindCachedName(key, name));
+    EXPECT_EQ(std::wstring(), name);
+}
+
+TEST(HostResolver, NamesFoundByOneResolverServeTheOthers) {
+    const AddressKey key = TestAddress(4);
+    {
+        HostResolver first([](const AddressKey&) { return std::wstring(L"shared.example"); });
+        ASSERT_TRUE(first.Resolve({key}, std::chrono::seconds(10)));
+    }
+    std::atomic<int> lookups{0};
+    HostResolver second([&lookups](const AddressKey&) {
+        ++lookups;
+        return std::wstring(L"other.example");
+    });
+    EXPECT_TRUE(second.Resolve({key}, std::chrono::seconds(10)));
+    EXPECT_EQ(0, lookups.load());
+    std::wstring name;
+    ASSERT_TRUE(FindCachedName(key, name));
+    EXPECT_EQ(std::wstring(L"shared.example"), name);
+}
+
+TEST(HostResolver, TellsIPv4AndIPv6AddressesApart) {
+    std::atomic<int> lookups{0};
+    HostResolver resolver([&lookups](const AddressKey& key) {
+        ++lookups;
+        return std::wstring(key.ipv6 ? L"six.example" : L"four.example");
+    });
+    AddressKey four = TestAddress(5);
+    AddressKey six = four;
+    six.ipv6 = true;
+    ASSERT_TRUE(resolver.Resolve({four, six}, std::chrono::seconds(10)));
+    EXPECT_EQ(2, lookups.load());
+    std::wstring name;
+    ASSERT_TRUE(FindCachedName(six, name));
+    EXPECT_EQ(std::wstring(L"six.example"), name);
+}
+
+}  // namespace
+}  // namespace heron
