@@ -1,5 +1,6 @@
 #include "heron.h"
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <vector>
