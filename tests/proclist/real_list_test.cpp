@@ -1,0 +1,187 @@
+// The list object in the main window's own dialog (template 129) with the real process-data provider.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdlib>
+#include <cwctype>
+#include <string>
+
+#include "child_process.h"
+#include "dialog_ids.h"
+#include "string_ids.h"
+#include "finch.h"
+#include "proclist/column_table.h"
+#include "proclist/kestrel_process_source.h"
+#include "proclist/process_list_view.h"
+#include "test_environment.h"
+
+namespace proclist_test {
+namespace {
+
+INT_PTR CALLBACK PlainDialogProc(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG;
+}
+
+std::wstring OwnFileName() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring full(path);
+    return full.substr(full.find_last_of(L"\\/") + 1);
+}
+
+bool LooksLikeStartTime(const std::wstring& text) {
+    // dd/mm/yyyy hh:mm:ss
+    const std::wstring shape = L"00/00/0000 00:00:00";
+    if (text.size() != shape.size()) return false;
+    for (size_t i = 0; i < shape.size(); ++i) {
+        if (shape[i] == L'0' ? !std::iswdigit(text[i]) : text[i] != shape[i]) return false;
+    }
+    return true;
+}
+
+class RealListTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(provider_.Init(), 1);
+        dialog_ = UIL_LangModule.LoadDialogParam(IDD_MAIN, nullptr, PlainDialogProc, 0);
+        ASSERT_NE(dialog_, nullptr);
+        list_ = GetDlgItem(dialog_, IDC_PROCESS_LIST);
+        ASSERT_NE(list_, nullptr);
+        ShowWindow(dialog_, SW_SHOW);
+        ASSERT_TRUE(view_.Attach(list_, provider_));
+    }
+    void TearDown() override {
+        // Optional pause for looking at the window (e.g. a screenshot under Xvfb); off by default.
+        if (const char* hold = std::getenv("LMVX_PROCLIST_HOLD_MS")) {
+            const DWORD until = GetTickCount() + static_cast<DWORD>(std::atoi(hold));
+            PumpUntil([until] { return static_cast<LONG>(GetTickCount() - until) >= 0; }, 600000);
+        }
+        if (dialog_) DestroyWindow(dialog_);
+        provider_.Delete();
+    }
+    void UpdateAndRefresh() {
+        provider_.Update();
+        view_.Refresh();
+    }
+
+    ScopedTestApplication app_{L"LumivexProclistRealTest"};
+    kestrel::TL_PROCESSLIST provider_;
+    HWND dialog_ = nullptr;
+    HWND list_ = nullptr;
+    proclist::ProcessListView view_;
+};
+
+TEST_F(RealListTest, OwnProcessRowCarriesItsPidAndFormattedTexts) {
+    UpdateAndRefresh();
+    const unsigned pid = GetCurrentProcessId();
+    const int row = RowOfPid(list_, pid);
+    ASSERT_GE(row, 0);
+    EXPECT_EQ(PidOfRow(list_, row), pid);
+    EXPECT_EQ(CellText(list_, row, proclist::kColumnProcess), OwnFileName());
+    EXPECT_EQ(CellText(list_, row, proclist::kColumnProcessId), std::to_wstring(pid));
+    EXPECT_TRUE(LooksLikeStartTime(CellText(list_, row, proclist::kColumnStartTime)))
+        << ::testing::PrintToString(CellText(list_, row, proclist::kColumnStartTime));
+    EXPECT_NE(CellText(list_, row, proclist::kColumnHandles), L"");
+
+    // Every cell shows the provider's values through the cell rules.
+    const int index = provider_.GetItemByPID(pid);
+    ASSERT_GE(index, 0);
+    const proclist::KestrelProcessSource source(provider_);
+    const auto cells = proclist::FormatRowCells(source.GetItemRowValues(index), true,
+                                                UIL_LangModule.GetLangString(IDS_START_TIME_FORMAT));
+    for (int column = 0; column < proclist::kColumnCount; ++column) {
+        if (column == proclist::kColumnCpuUsage || column == proclist::kColumnMemoryUsage ||
+            column == proclist::kColumnIo || column == proclist::kColumnHandles ||
+            column == proclist::kColumnGdiObjects || column == proclist::kColumnUserObjects) {
+            continue;  // counters of the running test may move between the two reads
+        }
+        EXPECT_EQ(CellText(list_, row, column), cells[column]) << "column " << column;
+    }
+    EXPECT_EQ(RowImage(list_, row), provider_.GetItemImageListIndex(index));
+}
+
+TEST_F(RealListTest, EveryRowIsAProcessOfTheSnapshot) {
+    UpdateAndRefresh();
+    ASSERT_EQ(ListView_GetItemCount(list_), provider_.GetItemCount());
+    for (unsigned pid : PidsInRowOrder(list_)) EXPECT_GE(provider_.GetItemByPID(pid), 0) << pid;
+}
+
+TEST_F(RealListTest, ChildIsIndentedBelowItsParentInTreeMode) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    view_.SetSortState({proclist::kSortProcessTree, false});
+    UpdateAndRefresh();
+    UpdateAndRefresh();
+    const int parentRow = RowOfPid(list_, GetCurrentProcessId());
+    const int childRow = RowOfPid(list_, child.Pid());
+    ASSERT_GE(parentRow, 0);
+    ASSERT_GE(childRow, 0);
+    EXPECT_EQ(RowIndent(list_, childRow), RowIndent(list_, parentRow) + 1);
+    EXPECT_GT(childRow, parentRow);
+}
+
+// A test child without a console, so that Wine starts no console host beside it and two such children are
+// neighbours in tree order. Ended (and waited for) when the object goes.
+class DetachedChild {
+public:
+    explicit DetachedChild(const wchar_t* arguments) {
+        std::wstring commandLine = L"\"" + lmvx_test::ChildProcess::HelperPath() + L"\" " + arguments;
+        STARTUPINFOW startup = {};
+        startup.cb = sizeof(startup);
+        PROCESS_INFORMATION process = {};
+        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr,
+                           &startup, &process)) {
+            CloseHandle(process.hThread);
+            process_ = process.hProcess;
+            pid_ = process.dwProcessId;
+        }
+    }
+    ~DetachedChild() {
+        End();
+        if (process_) CloseHandle(process_);
+    }
+    DetachedChild(const DetachedChild&) = delete;
+    DetachedChild& operator=(const DetachedChild&) = delete;
+
+    bool Started() const { return process_ != nullptr; }
+    unsigned Pid() const { return pid_; }
+    void End() {
+        if (!process_) return;
+        TerminateProcess(process_, 1);
+        WaitForSingleObject(process_, 10000);
+    }
+
+private:
+    HANDLE process_ = nullptr;
+    unsigned pid_ = 0;
+};
+
+TEST_F(RealListTest, TwoAdjacentEndedChildrenLeaveOverTwoRefreshes) {
+    DetachedChild first(L"sleep 60000");
+    DetachedChild second(L"sleep 60000");
+    ASSERT_TRUE(first.Started() && second.Started());
+    view_.SetSortState({proclist::kSortProcessTree, false});
+    UpdateAndRefresh();
+    UpdateAndRefresh();
+    const int firstRow = RowOfPid(list_, first.Pid());
+    const int secondRow = RowOfPid(list_, second.Pid());
+    ASSERT_GE(firstRow, 0);
+    ASSERT_EQ(std::abs(firstRow - secondRow), 1) << "siblings follow each other in tree order";
+
+    first.End();
+    second.End();
+    provider_.Update();
+    ASSERT_EQ(provider_.GetItemByPID(first.Pid()), -1);
+    ASSERT_EQ(provider_.GetItemByPID(second.Pid()), -1);
+    view_.Refresh();
+    const int left = (RowOfPid(list_, first.Pid()) >= 0) + (RowOfPid(list_, second.Pid()) >= 0);
+    EXPECT_EQ(left, 1) << "the row that moved up is examined at the next refresh";
+    UpdateAndRefresh();
+    EXPECT_EQ(RowOfPid(list_, first.Pid()), -1);
+    EXPECT_EQ(RowOfPid(list_, second.Pid()), -1);
+}
+
+}  // namespace
+}  // namespace proclist_test
