@@ -38,9 +38,14 @@ ResourceData LoadResourceData(HINSTANCE module, const wchar_t* type, const wchar
 ResourceData FindLocalizedResource(HINSTANCE module, const wchar_t* type, const wchar_t* name, LANGID wanted) {
     // A null module would mean the executable to the resource functions; here it means "none given".
     if (module == nullptr) return {};
-    const auto language = PickResourceLanguage(wanted, ResourceLanguages(module, type, name));
-    if (!language) return {};
-    return LoadResourceData(module, type, name, *language);
+    try {
+        const auto language = PickResourceLanguage(wanted, ResourceLanguages(module, type, name));
+        if (!language) return {};
+        return LoadResourceData(module, type, name, *language);
+    } catch (...) {
+        // Out of memory listing the languages: the caller reports the resource as missing.
+        return {};
+    }
 }
 
 std::vector<UINT> StringBlockIds(HINSTANCE module) {

@@ -18,6 +18,7 @@ std::vector<LANGID> ResourceLanguages(HINSTANCE module, const wchar_t* type, con
 ResourceData LoadResourceData(HINSTANCE module, const wchar_t* type, const wchar_t* name, LANGID language);
 
 // The resource in the wanted language, falling back as PickResourceLanguage says; empty when no copy exists.
+// Never throws: the exported dialog and menu loaders call it directly.
 ResourceData FindLocalizedResource(HINSTANCE module, const wchar_t* type, const wchar_t* name, LANGID wanted);
 
 // The ids of every string block in the module.

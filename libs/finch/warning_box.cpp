@@ -1,11 +1,9 @@
 // Warning box: headline, message, warning icon and an OK button, under the caller's window caption.
 #include "platform/finch.h"
+#include "message_box_warning.h"
 #include "unique_handle.h"
-#include "wide_text.h"
 
 #include <commctrl.h>
-
-#include <string>
 
 namespace {
 
@@ -31,25 +29,14 @@ bool TryShowTaskDialog(HWND parent, const wchar_t* title, const wchar_t* text, c
     config.pszMainIcon = TD_WARNING_ICON;
     config.pszMainInstruction = NonEmptyOrNull(title);
     config.pszContent = NonEmptyOrNull(text);
-    if (FAILED(taskDialogIndirect(&config, &button, nullptr, nullptr))) return false;
-    return true;
+    return SUCCEEDED(taskDialogIndirect(&config, &button, nullptr, nullptr));
 }
-
-// The box has only OK: Escape and the close box answer the same, whichever kind of box was shown.
-int AnswerOfOkOnlyBox(int button) { return button == IDCANCEL ? IDOK : button; }
 
 }  // namespace
 
 int UIP_ShowWarning(HWND parent, const wchar_t* title, const wchar_t* text, const wchar_t* caption) {
     const wchar_t* windowCaption = NonEmptyOrNull(caption) != nullptr ? caption : APIP_ExeCore.GetAppName();
     int button = 0;
-    if (TryShowTaskDialog(parent, title, text, windowCaption, button)) return AnswerOfOkOnlyBox(button);
-    try {
-        const std::wstring message = finch::ComposeWarningMessage(title, text);
-        button = MessageBoxW(parent, message.c_str(), windowCaption, MB_OK | MB_ICONWARNING);
-    } catch (...) {
-        // No memory for the combined text: the message alone still tells the user what went wrong.
-        button = MessageBoxW(parent, text, windowCaption, MB_OK | MB_ICONWARNING);
-    }
-    return AnswerOfOkOnlyBox(button);
+    if (TryShowTaskDialog(parent, title, text, windowCaption, button)) return finch::AnswerOfOkOnlyBox(button);
+    return finch::ShowWarningMessageBox(parent, title, text, windowCaption);
 }

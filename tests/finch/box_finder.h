@@ -2,9 +2,11 @@
 #pragma once
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace finch_test {
 
@@ -19,19 +21,28 @@ inline HWND WaitForDialogBox(const wchar_t* caption, std::chrono::milliseconds l
     }
 }
 
-// The texts of all the box's child windows, one per line.
-inline std::wstring ChildTexts(HWND box) {
-    std::wstring texts;
+// The texts of all the box's child windows.
+inline std::vector<std::wstring> ChildTexts(HWND box) {
+    std::vector<std::wstring> texts;
     EnumChildWindows(
         box,
         [](HWND child, LPARAM context) -> BOOL {
             wchar_t text[512] = {};
             GetWindowTextW(child, text, 512);
-            *reinterpret_cast<std::wstring*>(context) += std::wstring(text) + L"\n";
+            reinterpret_cast<std::vector<std::wstring>*>(context)->push_back(text);
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&texts));
     return texts;
+}
+
+inline bool AnyTextContains(const std::vector<std::wstring>& texts, const std::wstring& part) {
+    return std::any_of(texts.begin(), texts.end(),
+                       [&](const std::wstring& text) { return text.find(part) != std::wstring::npos; });
+}
+
+inline bool AnyTextEquals(const std::vector<std::wstring>& texts, const std::wstring& whole) {
+    return std::find(texts.begin(), texts.end(), whole) != texts.end();
 }
 
 // Answers the box as a click on the given button would.
