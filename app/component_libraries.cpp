@@ -2,8 +2,15 @@
 
 #include <windows.h>
 
-// The delay-load helper's "bind every import of one library now" (MinGW runtime).
-extern "C" HRESULT WINAPI __HrLoadAllImportsForDll(LPCSTR dllName);
+#include <string>
+
+// The MinGW delay-load helper: binds one delay-loaded import on first use (or when asked to).
+extern "C" FARPROC WINAPI __delayLoadHelper2(const IMAGE_DELAYLOAD_DESCRIPTOR* descriptor, FARPROC* importEntry);
+// This executable's image base, provided by the linker.
+extern "C" const IMAGE_DOS_HEADER __ImageBase;
+// The import descriptor of kestrel64.dll in the delay-import library the build makes from its exports.
+// The linker does not fill the image's delay-import directory, so the descriptor is named directly.
+extern "C" const IMAGE_DELAYLOAD_DESCRIPTOR __DELAY_IMPORT_DESCRIPTOR_libkestrel64_delay_a;
 
 namespace lmvx {
 namespace {
@@ -22,23 +29,33 @@ void LoadFromSystemFolder(const wchar_t* name) {
     if (!LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) EndForMissingComponent();
 }
 
-// True when this executable imports the library through the delay-load table.
-bool HasDelayImport(const char* name) {
-    auto* base = reinterpret_cast<const BYTE*>(GetModuleHandleW(nullptr));
-    auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const IMAGE_DATA_DIRECTORY& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_DELAY_IMPORT];
-    if (directory.VirtualAddress == 0) return false;
-    for (auto* entry = reinterpret_cast<const IMAGE_DELAYLOAD_DESCRIPTOR*>(base + directory.VirtualAddress);
-         entry->DllNameRVA != 0; ++entry) {
-        if (lstrcmpiA(reinterpret_cast<const char*>(base + entry->DllNameRVA), name) == 0) return true;
+// Binds every import of one delay-loaded library now, so that no call later on can fail to bind.
+void BindAllImports(const IMAGE_DELAYLOAD_DESCRIPTOR& descriptor) {
+    const auto* base = reinterpret_cast<const BYTE*>(&__ImageBase);
+    auto* importAddresses = reinterpret_cast<FARPROC*>(const_cast<BYTE*>(base) + descriptor.ImportAddressTableRVA);
+    const auto* importNames = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + descriptor.ImportNameTableRVA);
+    for (size_t i = 0; importNames[i].u1.AddressOfData != 0; ++i) {
+        if (!__delayLoadHelper2(&descriptor, &importAddresses[i])) EndForMissingComponent();
     }
-    return false;
 }
 
-void LoadComponent(const wchar_t* wideName, const char* name) {
-    if (!LoadLibraryExW(wideName, nullptr, LOAD_LIBRARY_SEARCH_APPLICATION_DIR)) EndForMissingComponent();
-    if (HasDelayImport(name) && FAILED(__HrLoadAllImportsForDll(name))) EndForMissingComponent();
+// The full path of a file beside this executable.
+std::wstring BesideExecutable(const wchar_t* name) {
+    wchar_t path[MAX_PATH] = {};
+    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    std::wstring folder(path, length);
+    folder.resize(folder.find_last_of(L"\\/") + 1);
+    return folder + name;
+}
+
+void LoadComponent(const wchar_t* name, const IMAGE_DELAYLOAD_DESCRIPTOR* descriptor) {
+    // By full path, so the library can only come from our own folder; its own imports are looked for in
+    // its folder and the system folder only.
+    const std::wstring path = BesideExecutable(name);
+    if (!LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32)) {
+        EndForMissingComponent();
+    }
+    if (descriptor) BindAllImports(*descriptor);
 }
 
 }  // namespace
@@ -54,8 +71,9 @@ void RestrictLibrarySearch() {
 void LoadComponentLibraries() {
     LoadFromSystemFolder(L"shell32.dll");
     LoadFromSystemFolder(L"comdlg32.dll");
-    LoadComponent(L"kestrel64.dll", "kestrel64.dll");
-    LoadComponent(L"heron64.dll", "heron64.dll");
+    LoadComponent(L"kestrel64.dll", &__DELAY_IMPORT_DESCRIPTOR_libkestrel64_delay_a);
+    // Nothing calls into heron64.dll yet, so it has no delay-import descriptor to bind; it must load all the same.
+    LoadComponent(L"heron64.dll", nullptr);
 }
 
 void EndForMissingComponent() {

@@ -1,5 +1,7 @@
 #include "mainwnd/main_window.h"
 
+#include <commctrl.h>
+
 #include <memory>
 
 #include "app/lmvx.h"
@@ -49,11 +51,17 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     ReplaceMenu(window);
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_UI));
+    state->processList.Attach(GetDlgItem(window, IDC_PROCESS_LIST), g_processList);
+    state->processList.RestoreState();
 
+    state->refreshCycle.Init(window, proclist::RefreshHooks{});
+    state->refreshCycle.LoadRate();
     const auto& topmost = options::Topmost;
     if (wren::regOptions.GetOptionBOOL(topmost.name, topmost.defaultValue)) {
         SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     }
+
+    state->refreshCycle.Start();
 
     RestoreMainWindowPlacement(window);
     LayOutMainWindow(window);
@@ -64,13 +72,25 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
 }
 
 // Everything the window saves when it closes, in the order the settings expect.
-void SaveStateAtClose(HWND window) {
-    SaveMainWindowPlacement(window);
-    const bool topmost = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+void SaveStateAtClose(MainWindowState& state) {
+    SaveMainWindowPlacement(state.window);
+    state.processList.SaveSortState();
+    state.refreshCycle.SavePeriod();
+    const bool topmost = (GetWindowLongPtrW(state.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
     wren::regOptions.SetOptionBOOL(options::Topmost.name, topmost ? 1 : 0);
+    state.processList.SaveColumnOrder();
+}
+
+void OnDestroy(HWND window) {
+    MainWindowState* state = StateOf(window);
+    if (!state) return;
+    state->refreshCycle.Stop();
+    SaveStateAtClose(*state);
 }
 
 void OnCommand(HWND window, WORD command) {
+    MainWindowState* state = StateOf(window);
+    if (state && (state->processList.OnSortCommand(command) || state->refreshCycle.OnRateCommand(command))) return;
     switch (command) {
     case IDM_EXIT:       // also IDCANCEL: Escape and the close box end the program
     case IDM_EXIT_ALT:
@@ -79,6 +99,16 @@ void OnCommand(HWND window, WORD command) {
     default:
         break;
     }
+}
+
+INT_PTR OnNotify(HWND window, const NMHDR* header) {
+    MainWindowState* state = StateOf(window);
+    if (!state || header->idFrom != IDC_PROCESS_LIST) return FALSE;
+    if (header->code == LVN_COLUMNCLICK) {
+        state->processList.OnHeaderClick(reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
+        return TRUE;
+    }
+    return FALSE;
 }
 
 void OnNcDestroy(HWND window) {
@@ -99,8 +129,16 @@ INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_SIZE:
         LayOutMainWindow(window);
         return TRUE;
+    case WM_NOTIFY:
+        return OnNotify(window, reinterpret_cast<const NMHDR*>(lParam));
+    case WM_TIMER:
+        if (MainWindowState* state = StateOf(window)) state->refreshCycle.OnTimer(wParam);
+        return TRUE;
+    case WM_USER:
+        if (MainWindowState* state = StateOf(window)) state->refreshCycle.OnRefreshMessage(wParam);
+        return TRUE;
     case WM_DESTROY:
-        SaveStateAtClose(window);
+        OnDestroy(window);
         return TRUE;
     case WM_NCDESTROY:
         OnNcDestroy(window);

@@ -2,7 +2,10 @@
 #pragma once
 #include <windows.h>
 
+#include "app/lmvx.h"
 #include "app/unique_handle.h"
+#include "proclist/process_list_view.h"
+#include "proclist/refresh_cycle.h"
 
 namespace lmvx {
 
@@ -13,6 +16,8 @@ struct MainWindowState {
     MainWindowStart* start = nullptr;
     UniqueIcon bigIcon;
     UniqueIcon smallIcon;
+    proclist::ProcessListView processList;
+    proclist::RefreshCycle refreshCycle{g_processList};
 };
 
 }  // namespace lmvx

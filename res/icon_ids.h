@@ -41,7 +41,7 @@
 // System figures: status bar panes, section headers, performance panes.
 #define IDI_MEMORY                  187  // memory (status bar, memory viewer and search buttons)
 #define IDI_PERFORMANCE             188  // CPU / performance graph
-#define IDI_INFORMATION             192  // details and information items
+#define IDI_DETAILS_INFO            192  // details and information items
 #define IDI_LIMITED_ACCESS          176  // warning: the program lacks full access to the system
 #define IDI_UNKNOWN_PROCESS         183  // a process that is gone or unknown (exited parent)
 

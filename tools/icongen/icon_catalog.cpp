@@ -29,7 +29,7 @@ std::vector<IconEntry> BuildCatalog() {
         LMVX_ICON(IDI_PRIVILEGE_DISABLED, DrawPrivilegeDisabled),
         LMVX_ICON(IDI_MEMORY, DrawMemory),
         LMVX_ICON(IDI_PERFORMANCE, DrawPerformance),
-        LMVX_ICON(IDI_INFORMATION, DrawInformation),
+        LMVX_ICON(IDI_DETAILS_INFO, DrawInformation),
         LMVX_ICON(IDI_LIMITED_ACCESS, DrawLimitedAccess),
         LMVX_ICON(IDI_UNKNOWN_PROCESS, DrawUnknownProcess),
         LMVX_ICON(IDI_RUN, DrawRun),

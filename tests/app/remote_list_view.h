@@ -1,0 +1,31 @@
+// Reads a list view that lives in another process: its rows' texts and item data and its column
+// headers. The request records are placed in the other process's memory, where the control writes.
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+namespace lmvx::test {
+
+class RemoteListView {
+public:
+    explicit RemoteListView(HWND listView);
+    ~RemoteListView();
+    RemoteListView(const RemoteListView&) = delete;
+    RemoteListView& operator=(const RemoteListView&) = delete;
+
+    bool IsValid() const { return memory_ != nullptr; }
+    int RowCount() const;
+    std::wstring CellText(int row, int column) const;
+    LPARAM RowData(int row) const;
+    // The row whose item data is this value, or -1.
+    int FindRowByData(LPARAM data) const;
+    std::wstring HeaderText(int column) const;
+
+private:
+    HWND listView_;
+    HANDLE process_ = nullptr;
+    BYTE* memory_ = nullptr;   // in the other process
+};
+
+}  // namespace lmvx::test
