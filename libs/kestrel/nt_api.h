@@ -1,0 +1,92 @@
+// The native structures and calls the provider reads, declared here with their documented x64 layout
+// because MinGW's winternl.h leaves fields out (private usage, the I/O counters' names).
+#pragma once
+#include <windows.h>
+#include <winternl.h>
+
+namespace kestrel::nt {
+
+constexpr NTSTATUS StatusSuccess = 0;
+constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
+constexpr NTSTATUS StatusBufferTooSmall = static_cast<NTSTATUS>(0xC0000023L);
+constexpr NTSTATUS StatusBufferOverflow = static_cast<NTSTATUS>(0x80000005L);
+
+constexpr ULONG SystemProcessInformationClass = 5;
+constexpr ULONG ProcessVmCountersClass = 3;
+constexpr ULONG ProcessBasicInformationClass = 0;
+constexpr ULONG ProcessCommandLineInformationClass = 60;
+
+struct VmCountersEx {
+    SIZE_T PeakVirtualSize;
+    SIZE_T VirtualSize;
+    ULONG PageFaultCount;
+    SIZE_T PeakWorkingSetSize;
+    SIZE_T WorkingSetSize;
+    SIZE_T QuotaPeakPagedPoolUsage;
+    SIZE_T QuotaPagedPoolUsage;
+    SIZE_T QuotaPeakNonPagedPoolUsage;
+    SIZE_T QuotaNonPagedPoolUsage;
+    SIZE_T PagefileUsage;
+    SIZE_T PeakPagefileUsage;
+    SIZE_T PrivateUsage;
+};
+
+// One entry of SystemProcessInformation; thread entries follow it and NextEntryOffset skips them.
+struct SystemProcessEntry {
+    ULONG NextEntryOffset;
+    ULONG NumberOfThreads;
+    LARGE_INTEGER WorkingSetPrivateSize;
+    ULONG HardFaultCount;
+    ULONG NumberOfThreadsHighWatermark;
+    ULONGLONG CycleTime;
+    LARGE_INTEGER CreateTime;
+    LARGE_INTEGER UserTime;
+    LARGE_INTEGER KernelTime;
+    UNICODE_STRING ImageName;
+    LONG BasePriority;
+    HANDLE UniqueProcessId;
+    HANDLE InheritedFromUniqueProcessId;
+    ULONG HandleCount;
+    ULONG SessionId;
+    ULONG_PTR UniqueProcessKey;
+    SIZE_T PeakVirtualSize;
+    SIZE_T VirtualSize;
+    ULONG PageFaultCount;
+    SIZE_T PeakWorkingSetSize;
+    SIZE_T WorkingSetSize;
+    SIZE_T QuotaPeakPagedPoolUsage;
+    SIZE_T QuotaPagedPoolUsage;
+    SIZE_T QuotaPeakNonPagedPoolUsage;
+    SIZE_T QuotaNonPagedPoolUsage;
+    SIZE_T PagefileUsage;
+    SIZE_T PeakPagefileUsage;
+    SIZE_T PrivatePageCount;
+    LARGE_INTEGER ReadOperationCount;
+    LARGE_INTEGER WriteOperationCount;
+    LARGE_INTEGER OtherOperationCount;
+    LARGE_INTEGER ReadTransferCount;
+    LARGE_INTEGER WriteTransferCount;
+    LARGE_INTEGER OtherTransferCount;
+};
+static_assert(sizeof(SystemProcessEntry) == 0x100, "x64 layout of SYSTEM_PROCESS_INFORMATION");
+
+// The parts of the PEB and its process parameters that lead to the command line.
+struct ProcessBasicInfo {
+    NTSTATUS ExitStatus;
+    void* PebBaseAddress;
+    ULONG_PTR AffinityMask;
+    LONG BasePriority;
+    ULONG_PTR UniqueProcessId;
+    ULONG_PTR InheritedFromUniqueProcessId;
+};
+constexpr SIZE_T PebProcessParametersOffset = 0x20;
+constexpr SIZE_T ParametersCommandLineOffset = 0x70;
+
+using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
+using QueryInformationProcessFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
+
+// Looked up once in ntdll, which every process has loaded.
+QuerySystemInformationFn QuerySystemInformation();
+QueryInformationProcessFn QueryInformationProcess();
+
+}  // namespace kestrel::nt

@@ -1,0 +1,174 @@
+// The provider seen through processes the test starts: identity, tree, start data, CPU usage, ending.
+#include "child_process.h"
+#include "provider_fixture.h"
+
+#include <string>
+
+using kestrel_test::ProviderTest;
+using lmvx_test::ChildProcess;
+
+namespace {
+
+SYSTEMTIME LocalCreationTime(HANDLE process) {
+    FILETIME creation{}, exit{}, kernel{}, user{}, local{};
+    SYSTEMTIME time{};
+    if (GetProcessTimes(process, &creation, &exit, &kernel, &user) && FileTimeToLocalFileTime(&creation, &local))
+        FileTimeToSystemTime(&local, &time);
+    return time;
+}
+
+// The process's memory counters as NtQueryInformationProcess(ProcessVmCounters) gives them.
+struct VmCountersWithPrivateUsage {
+    SIZE_T PeakVirtualSize, VirtualSize;
+    ULONG PageFaultCount;
+    SIZE_T PeakWorkingSetSize, WorkingSetSize, QuotaPeakPagedPoolUsage, QuotaPagedPoolUsage;
+    SIZE_T QuotaPeakNonPagedPoolUsage, QuotaNonPagedPoolUsage, PagefileUsage, PeakPagefileUsage, PrivateUsage;
+};
+
+bool QueryVmCounters(HANDLE process, VmCountersWithPrivateUsage& counters) {
+    using QueryFn = LONG(WINAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
+    const auto query = reinterpret_cast<QueryFn>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess"));
+    constexpr ULONG ProcessVmCounters = 3;
+    return query && query(process, ProcessVmCounters, &counters, sizeof counters, nullptr) == 0;
+}
+
+std::wstring FileNameOf(const std::wstring& path) {
+    const size_t slash = path.find_last_of(L"\\/");
+    return slash == std::wstring::npos ? path : path.substr(slash + 1);
+}
+
+}  // namespace
+
+TEST_F(ProviderTest, AChildAppearsWithItsImageNamePathAndPid) {
+    ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    list.Update();
+    const int i = list.GetItemByPID(child.Pid());
+    ASSERT_GE(i, 0);
+    EXPECT_EQ(list.GetItemPID(i), child.Pid());
+    EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
+    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
+    const std::wstring path = list.GetItemPathName(i);
+    EXPECT_EQ(_wcsicmp(FileNameOf(path).c_str(), L"lmvx_test_child.exe"), 0) << path;
+    EXPECT_EQ(_wcsicmp(path.c_str(), ChildProcess::HelperPath().c_str()), 0) << path;
+}
+
+TEST_F(ProviderTest, AChildAndItsGrandchildFormABranchOfTheTree) {
+    ChildProcess child(L"spawn sleep 60000");
+    ASSERT_TRUE(child.Started());
+    ASSERT_TRUE(UpdateUntil([&] { return FindChildOf(child.Pid()) >= 0; })) << "the grandchild never appeared";
+
+    const int self = list.GetItemByPID(GetCurrentProcessId());
+    const int parent = list.GetItemByPID(child.Pid());
+    const int grandchild = FindChildOf(child.Pid());
+    ASSERT_GE(self, 0);
+    ASSERT_GE(parent, 0);
+    EXPECT_EQ(list.GetItemParentPID(parent), GetCurrentProcessId());
+    EXPECT_EQ(list.GetItemParentPID(grandchild), child.Pid());
+    EXPECT_EQ(list.GetItemParentCount(parent, 0), list.GetItemParentCount(self, 0) + 1);
+    EXPECT_EQ(list.GetItemParentCount(grandchild, 0), list.GetItemParentCount(parent, 0) + 1);
+    // Depth first: the child's only child comes right after it, and both after this process.
+    EXPECT_GT(list.GetItemTreePos(parent, 0), list.GetItemTreePos(self, 0));
+    EXPECT_EQ(list.GetItemTreePos(grandchild, 0), list.GetItemTreePos(parent, 0) + 1);
+}
+
+TEST_F(ProviderTest, AChildsCommandLineAndUserNameAreItsOwn) {
+    ChildProcess child(L"sleep 60000 \"a quoted argument\"");
+    ASSERT_TRUE(child.Started());
+    list.Update();
+    const int i = list.GetItemByPID(child.Pid());
+    const int self = list.GetItemByPID(GetCurrentProcessId());
+    ASSERT_GE(i, 0);
+    ASSERT_GE(self, 0);
+    const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
+    ASSERT_NE(statics, nullptr);
+    EXPECT_EQ(std::wstring(statics->GetCommandLineW()), child.CommandLine());
+
+    wchar_t userName[256];
+    DWORD length = ARRAYSIZE(userName);
+    ASSERT_TRUE(GetUserNameW(userName, &length));
+    const std::wstring owner = statics->GetUsername();
+    const std::wstring suffix = std::wstring(L"\\") + userName;
+    ASSERT_GE(owner.size(), suffix.size()) << owner;
+    EXPECT_EQ(_wcsicmp(owner.substr(owner.size() - suffix.size()).c_str(), suffix.c_str()), 0) << owner;
+    EXPECT_EQ(owner, std::wstring(list.GetItemStaticData(self)->GetUsername()));
+}
+
+TEST_F(ProviderTest, AChildsCreationTimeIsTheSystemsOne) {
+    ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    list.Update();
+    const int i = list.GetItemByPID(child.Pid());
+    ASSERT_GE(i, 0);
+    const SYSTEMTIME expected = LocalCreationTime(child.Handle());
+    const SYSTEMTIME actual = list.GetItemCreationTime(i);
+    EXPECT_EQ(actual.wYear, expected.wYear);
+    EXPECT_EQ(actual.wMonth, expected.wMonth);
+    EXPECT_EQ(actual.wDay, expected.wDay);
+    EXPECT_EQ(actual.wHour, expected.wHour);
+    EXPECT_EQ(actual.wMinute, expected.wMinute);
+    EXPECT_EQ(actual.wSecond, expected.wSecond);
+    EXPECT_EQ(actual.wMilliseconds, expected.wMilliseconds);
+}
+
+TEST_F(ProviderTest, AChildThatBurnsCpuShowsUsageWithinTwoUpdates) {
+    ChildProcess child(L"burn 60000");
+    ASSERT_TRUE(child.Started());
+    list.Update();   // the first sight of the child: nothing to compare with yet
+    unsigned usage = 0;
+    for (int update = 0; update < 2 && usage == 0; ++update) {
+        Sleep(500);
+        list.Update();
+        const int i = list.GetItemByPID(child.Pid());
+        ASSERT_GE(i, 0);
+        usage = list.GetItemCPUUsage(i);
+    }
+    EXPECT_GT(usage, 0u);
+    EXPECT_LE(usage, 100u);
+}
+
+TEST_F(ProviderTest, AnEndedChildStaysReadableUntilTheNextUpdateThenMapsToMinusOne) {
+    ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    const DWORD pid = child.Pid();
+    list.Update();
+    const int i = list.GetItemByPID(pid);
+    ASSERT_GE(i, 0);
+    child.End();
+    ASSERT_FALSE(child.IsRunning());
+
+    // Until the next update the snapshot still holds the ended process.
+    EXPECT_EQ(list.GetItemByPID(pid), i);
+    EXPECT_EQ(list.GetItemPID(i), pid);
+    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
+
+    list.Update();
+    EXPECT_EQ(list.GetItemByPID(pid), -1);
+}
+
+TEST_F(ProviderTest, AChildsPrivateBytesAreItsCommitCharge) {
+    ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    Sleep(200);   // an idle child: its memory no longer changes
+    VmCountersWithPrivateUsage counters{};
+    ASSERT_TRUE(QueryVmCounters(child.Handle(), counters));
+    list.Update();
+    const int i = list.GetItemByPID(child.Pid());
+    ASSERT_GE(i, 0);
+    ASSERT_GT(counters.PrivateUsage, 0u);
+    EXPECT_EQ(list.GetItemDynamicData(i)->GetPrivateBytes(), counters.PrivateUsage);
+}
+
+TEST_F(ProviderTest, AChildsPriorityClassFollowsAChange) {
+    ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    list.Update();
+    int i = list.GetItemByPID(child.Pid());
+    ASSERT_GE(i, 0);
+    EXPECT_EQ(list.GetItemProcessPriority(i), GetPriorityClass(child.Handle()));
+    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
+    list.Update();
+    i = list.GetItemByPID(child.Pid());
+    ASSERT_GE(i, 0);
+    EXPECT_EQ(list.GetItemProcessPriority(i), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
+}

@@ -1,0 +1,99 @@
+#include "verbs.h"
+
+#include <windows.h>
+
+#include <cwchar>
+#include <string>
+
+namespace lmvx_test_child {
+
+namespace {
+
+bool ReadMilliseconds(Arguments arguments, DWORD& milliseconds) {
+    if (arguments.empty()) return false;
+    wchar_t* end = nullptr;
+    const unsigned long value = std::wcstoul(arguments[0], &end, 10);
+    if (end == arguments[0] || *end != L'\0') return false;
+    milliseconds = static_cast<DWORD>(value);
+    return true;
+}
+
+// sleep <ms>: idles, then exits with 0.
+int SleepVerb(Arguments arguments) {
+    DWORD milliseconds = 0;
+    if (!ReadMilliseconds(arguments, milliseconds)) return ExitUsage;
+    Sleep(milliseconds);
+    return 0;
+}
+
+// burn <ms>: keeps one processor busy for that long.
+int BurnVerb(Arguments arguments) {
+    DWORD milliseconds = 0;
+    if (!ReadMilliseconds(arguments, milliseconds)) return ExitUsage;
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    volatile unsigned long long sink = 0;
+    while (GetTickCount64() < end) {
+        for (int i = 0; i < 100000; ++i) sink = sink + static_cast<unsigned long long>(i);
+    }
+    return 0;
+}
+
+std::wstring QuoteArgument(const wchar_t* argument) {
+    std::wstring quoted = L"\"";
+    for (const wchar_t* c = argument; *c; ++c) {
+        if (*c == L'"') quoted += L'\\';
+        quoted += *c;
+    }
+    return quoted + L"\"";
+}
+
+// spawn <verb> <args...>: starts a copy of this program with the remaining arguments, waits for it, and
+// exits with its exit code.
+int SpawnVerb(Arguments arguments) {
+    if (arguments.empty()) return ExitUsage;
+    wchar_t self[MAX_PATH];
+    if (!GetModuleFileNameW(nullptr, self, MAX_PATH)) return ExitFailed;
+    std::wstring commandLine = QuoteArgument(self);
+    for (wchar_t* argument : arguments) commandLine += L" " + QuoteArgument(argument);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(self, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+        return ExitFailed;
+    CloseHandle(process.hThread);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD exitCode = ExitFailed;
+    GetExitCodeProcess(process.hProcess, &exitCode);
+    CloseHandle(process.hProcess);
+    return static_cast<int>(exitCode);
+}
+
+// wait [event name]: until the named event is signalled, or without a name until standard input closes.
+int WaitVerb(Arguments arguments) {
+    if (!arguments.empty()) {
+        HANDLE event = OpenEventW(SYNCHRONIZE, FALSE, arguments[0]);
+        if (!event) return ExitFailed;
+        WaitForSingleObject(event, INFINITE);
+        CloseHandle(event);
+        return 0;
+    }
+    HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    char buffer[256];
+    DWORD read = 0;
+    while (input && input != INVALID_HANDLE_VALUE && ReadFile(input, buffer, sizeof buffer, &read, nullptr) && read > 0) {
+    }
+    return 0;
+}
+
+constexpr VerbEntry VerbTable[] = {
+    {L"sleep", SleepVerb, L"sleep <ms>"},
+    {L"burn", BurnVerb, L"burn <ms>"},
+    {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
+    {L"wait", WaitVerb, L"wait [event name]"},
+};
+
+}  // namespace
+
+std::span<const VerbEntry> Verbs() { return VerbTable; }
+
+}  // namespace lmvx_test_child

@@ -1,0 +1,23 @@
+// The verbs of the test child. Each takes the arguments after the verb and returns the exit code.
+// To add one, write a function here and put it in the table in verbs.cpp.
+#pragma once
+#include <span>
+#include <string_view>
+
+namespace lmvx_test_child {
+
+using Arguments = std::span<wchar_t* const>;
+using Verb = int (*)(Arguments arguments);
+
+struct VerbEntry {
+    std::wstring_view name;
+    Verb run;
+    std::wstring_view usage;
+};
+
+std::span<const VerbEntry> Verbs();
+
+constexpr int ExitUsage = 2;
+constexpr int ExitFailed = 3;
+
+}  // namespace lmvx_test_child

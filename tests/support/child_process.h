@@ -1,0 +1,83 @@
+// Starts the test child program (lmvx_test_child.exe, beside the test program) and ends it, with
+// everything it started, when the object goes out of scope.
+#pragma once
+#include <windows.h>
+
+#include <string>
+#include <utility>
+
+namespace lmvx_test {
+
+class ChildProcess {
+public:
+    // arguments: the verb and its arguments, e.g. L"sleep 60000".
+    explicit ChildProcess(const std::wstring& arguments) {
+        commandLine_ = L"\"" + HelperPath() + L"\" " + arguments;
+        // The child and its own children share one job, so that ending it ends the whole tree.
+        job_ = CreateJobObjectW(nullptr, nullptr);
+        if (job_) {
+            JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+            limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+            SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        }
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        std::wstring mutableLine = commandLine_;
+        PROCESS_INFORMATION process{};
+        if (CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED | CREATE_NO_WINDOW,
+                           nullptr, nullptr, &startup, &process)) {
+            process_ = process.hProcess;
+            pid_ = process.dwProcessId;
+            if (job_) AssignProcessToJobObject(job_, process_);
+            ResumeThread(process.hThread);
+            CloseHandle(process.hThread);
+        }
+    }
+    ~ChildProcess() {
+        End();
+        if (process_) CloseHandle(process_);
+        if (job_) CloseHandle(job_);
+    }
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+    ChildProcess(ChildProcess&& other) noexcept
+        : commandLine_(std::move(other.commandLine_)),
+          job_(std::exchange(other.job_, nullptr)),
+          process_(std::exchange(other.process_, nullptr)),
+          pid_(std::exchange(other.pid_, 0)) {}
+
+    bool Started() const { return process_ != nullptr; }
+    DWORD Pid() const { return pid_; }
+    HANDLE Handle() const { return process_; }
+    const std::wstring& CommandLine() const { return commandLine_; }
+
+    bool IsRunning() const { return process_ && WaitForSingleObject(process_, 0) == WAIT_TIMEOUT; }
+    bool WaitForExit(DWORD milliseconds) const {
+        return process_ && WaitForSingleObject(process_, milliseconds) == WAIT_OBJECT_0;
+    }
+    // Ends the child and everything it started, and waits until the child is gone.
+    void End() {
+        if (job_) TerminateJobObject(job_, 1);
+        if (process_) {
+            TerminateProcess(process_, 1);
+            WaitForSingleObject(process_, 10000);
+        }
+    }
+
+    // The child program's full path: beside the running test program.
+    static std::wstring HelperPath() {
+        wchar_t self[MAX_PATH];
+        const DWORD length = GetModuleFileNameW(nullptr, self, MAX_PATH);
+        std::wstring path(self, length);
+        const size_t slash = path.find_last_of(L"\\/");
+        return (slash == std::wstring::npos ? std::wstring() : path.substr(0, slash + 1)) + L"lmvx_test_child.exe";
+    }
+
+private:
+    std::wstring commandLine_;
+    HANDLE job_ = nullptr;
+    HANDLE process_ = nullptr;
+    DWORD pid_ = 0;
+};
+
+}  // namespace lmvx_test
