@@ -172,3 +172,14 @@ TEST_F(ProviderTest, AChildsPriorityClassFollowsAChange) {
     ASSERT_GE(i, 0);
     EXPECT_EQ(list.GetItemProcessPriority(i), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
 }
+
+TEST_F(ProviderTest, AChildThatLeavesByItselfMapsToMinusOneAfterTheNextUpdate) {
+    ChildProcess child(L"wait");   // waits until its input closes
+    ASSERT_TRUE(child.Started());
+    list.Update();
+    ASSERT_GE(list.GetItemByPID(child.Pid()), 0);
+    child.CloseInput();
+    ASSERT_TRUE(child.WaitForExit(30000));
+    list.Update();
+    EXPECT_EQ(list.GetItemByPID(child.Pid()), -1);
+}

@@ -20,12 +20,22 @@ public:
             limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
             SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
         }
+        // The child's standard input is a pipe that stays open until CloseInput() or the end (the "wait" verb).
+        SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+        HANDLE inputRead = nullptr;
+        if (CreatePipe(&inputRead, &input_, &inheritable, 0)) SetHandleInformation(input_, HANDLE_FLAG_INHERIT, 0);
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdInput = inputRead;
+        startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+        startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
         std::wstring mutableLine = commandLine_;
         PROCESS_INFORMATION process{};
-        if (CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED | CREATE_NO_WINDOW,
-                           nullptr, nullptr, &startup, &process)) {
+        const BOOL started = CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, TRUE,
+                                            CREATE_SUSPENDED | CREATE_NO_WINDOW, nullptr, nullptr, &startup, &process);
+        if (inputRead) CloseHandle(inputRead);
+        if (started) {
             process_ = process.hProcess;
             pid_ = process.dwProcessId;
             if (job_) AssignProcessToJobObject(job_, process_);
@@ -35,6 +45,7 @@ public:
     }
     ~ChildProcess() {
         End();
+        CloseInput();
         if (process_) CloseHandle(process_);
         if (job_) CloseHandle(job_);
     }
@@ -43,6 +54,7 @@ public:
     ChildProcess(ChildProcess&& other) noexcept
         : commandLine_(std::move(other.commandLine_)),
           job_(std::exchange(other.job_, nullptr)),
+          input_(std::exchange(other.input_, nullptr)),
           process_(std::exchange(other.process_, nullptr)),
           pid_(std::exchange(other.pid_, 0)) {}
 
@@ -54,6 +66,10 @@ public:
     bool IsRunning() const { return process_ && WaitForSingleObject(process_, 0) == WAIT_TIMEOUT; }
     bool WaitForExit(DWORD milliseconds) const {
         return process_ && WaitForSingleObject(process_, milliseconds) == WAIT_OBJECT_0;
+    }
+    // Closes the child's standard input: a child in "wait" without an event name then exits by itself.
+    void CloseInput() {
+        if (input_) CloseHandle(std::exchange(input_, nullptr));
     }
     // Ends the child and everything it started, and waits until the child is gone.
     void End() {
@@ -76,6 +92,7 @@ public:
 private:
     std::wstring commandLine_;
     HANDLE job_ = nullptr;
+    HANDLE input_ = nullptr;   // write end of the child's standard input
     HANDLE process_ = nullptr;
     DWORD pid_ = 0;
 };
