@@ -154,3 +154,84 @@ private:
 };
 
 }  // namespace kestrel
+
+// ---- System performance counters ----
+// The library's side of the performance displays: the system counters object the sampler updates once
+// per cycle, the library-wide performance source the status bar and the tray icon read, and the history
+// graph of each process. Like the provider, the program may construct _SYSPERFINFO statically, before
+// this library is loaded: its constructor is inline and does not call into the library.
+
+namespace wren {
+class PERFGRAPH;
+}
+
+namespace kestrel {
+
+namespace detail {
+struct SysPerfState;
+struct PerfMonSourceState;
+}
+
+// Whole-system counters, as measured over the interval between the last two Update() calls. Safe to read
+// from any thread while another calls Update(): each getter returns a figure of one complete sample.
+class _SYSPERFINFO {
+public:
+    constexpr _SYSPERFINFO() noexcept = default;
+    ~_SYSPERFINFO() = default;   // see TL_PROCESSLIST: Delete() frees, the destructor never calls in
+    _SYSPERFINFO(const _SYSPERFINFO&) = delete;
+    _SYSPERFINFO& operator=(const _SYSPERFINFO&) = delete;
+
+    KESTREL_API int Init();     // takes the first reading; 1 on success (also when already initialised)
+    KESTREL_API int Update();   // takes a new reading; usage and deltas cover the time since the last one
+    KESTREL_API int Delete();
+
+    KESTREL_API double GetCPUUsage() const;          // total processor usage, percent 0 to 100
+    KESTREL_API double GetSystemCPUUsage() const;    // kernel share of the processors, percent 0 to 100
+    KESTREL_API unsigned GetContextSwitchDelta() const;   // context switches per second
+    KESTREL_API unsigned GetPhysicalMemoryAvailableKB() const;
+    KESTREL_API unsigned GetPhysicalMemoryTotalKB() const;
+    KESTREL_API unsigned GetCommitChargeTotalKB() const;
+    KESTREL_API unsigned GetCommitChargeLimitKB() const;
+    KESTREL_API unsigned GetPhysicalMemorySystemCacheKB() const;
+    KESTREL_API unsigned GetProcessCount() const;
+
+private:
+    detail::SysPerfState* state_ = nullptr;
+};
+
+// The library-wide performance source. It measures on demand: a read takes a new reading when the last
+// one is at least the minimum age old (half the update period by default), so any number of readers
+// share one reading per cycle. Owned by the library; never deleted by the program.
+class PM_PERFMONSOURCE {
+public:
+    // period: the refresh period in ms; minimumAge: how old a reading may get before a read renews it.
+    KESTREL_API int SetUpdateInterval(unsigned periodMs, unsigned minimumAgeMs);
+    KESTREL_API unsigned GetSystemProcessorUsage();        // whole percent, 0 to 100
+    KESTREL_API unsigned GetSystemProcessCount();
+    KESTREL_API unsigned GetSystemCommitChargeTotalKB();
+
+    PM_PERFMONSOURCE(const PM_PERFMONSOURCE&) = delete;
+    PM_PERFMONSOURCE& operator=(const PM_PERFMONSOURCE&) = delete;
+
+private:
+    friend struct detail::PerfMonSourceState;
+    PM_PERFMONSOURCE() = default;
+    detail::PerfMonSourceState* state_ = nullptr;
+};
+
+// The one performance source of the library; never null.
+KESTREL_API PM_PERFMONSOURCE* GetGlobalPerfMonSourcePtr();
+
+// ---- Per-process history ----
+// Each process in the provider's list has a history graph with two series, fed once per cycle:
+//   series 0: CPU usage in whole percent (scale 0 to 100),
+//   series 1: memory (working set plus page-file usage) in KB, scaled to its own peak.
+// The sampler feeds it right after the provider's Update(), on the same thread.
+KESTREL_API int UpdateProcessHistories(const TL_PROCESSLIST& list);
+// The history graph of a process record from the current or the previous snapshot; null for any other
+// record. Valid as long as the record.
+KESTREL_API wren::PERFGRAPH* GetHistoryGraph(const _TASKDATADYNAMIC* record);
+// The same by process id; null when the process was not in the last fed snapshot.
+KESTREL_API wren::PERFGRAPH* GetProcessHistoryGraph(unsigned pid);
+
+}  // namespace kestrel

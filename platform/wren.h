@@ -83,3 +83,75 @@ public:
 WREN_API extern REGOPTIONS regOptions;
 
 }  // namespace wren
+
+// ---- History graphs ----
+// A PERFGRAPH keeps the recent history of a few series of figures (one point per interval, the newest at
+// the right edge) and draws them into any window at any size. Drawing goes to an off-screen bitmap that
+// RenderClose puts on screen in one copy, so a graph redrawn many times a second does not flicker.
+// One thread feeds and draws a graph while others may repaint it (UpdateGraph) or read it: the graph
+// locks inside. Every operation returns non-zero on success, 0 when the graph is not initialised or an
+// argument is out of range.
+namespace wren {
+
+namespace detail {
+struct PerfGraphState;
+}
+
+class PERFGRAPH {
+public:
+    // Inline and trivial, so that graphs can be program-wide objects; Init() allocates.
+    constexpr PERFGRAPH() noexcept = default;
+    WREN_API ~PERFGRAPH();   // Delete()
+    PERFGRAPH(const PERFGRAPH&) = delete;
+    PERFGRAPH& operator=(const PERFGRAPH&) = delete;
+
+    // History of spanMs milliseconds at one point per intervalMs (180000, 500: 360 points) for each of
+    // seriesCount series. A second Init() starts over.
+    WREN_API int Init(unsigned spanMs, unsigned intervalMs, unsigned seriesCount);
+    // Name and unit as shown to the user; the divisor turns fed values into shown values (KB / 1024 = MB).
+    WREN_API int SetRegisterDisplayInfo(const wchar_t* name, const wchar_t* unit, unsigned divisor, COLORREF colour,
+                                        unsigned series);
+    // The value drawn at the top, in the fed unit. Without one (0) a series scales to its own peak.
+    WREN_API int SetScaleMax(unsigned maximum, unsigned series);
+    // One figure at a GetTickCount() time; points of one interval replace each other, and an interval
+    // without a point repeats the one before it.
+    WREN_API int SetDataPoint(unsigned value, unsigned timeStamp, unsigned series);
+
+    // Starts a drawing into the window's client area (dc null: the graph gets the window's DC itself).
+    // Returns the off-screen DC, null when there is nothing to draw into (no window, empty client area).
+    // flags are reserved (callers pass 0 or the point interval).
+    WREN_API HDC RenderOpen(HWND window, HDC dc, unsigned flags);
+    WREN_API int RenderFill(COLORREF colour, unsigned series);   // area under the series' line
+    WREN_API int RenderGrid();
+    WREN_API int RenderLine(COLORREF colour, unsigned series);
+    WREN_API int RenderClose();   // puts the drawing on screen and keeps it for UpdateGraph
+    WREN_API int RenderCloseEx(unsigned flags);   // flags reserved, 0
+    // Repaints the last finished drawing (WM_PAINT, WM_MOUSEMOVE); dc null: the window's DC.
+    WREN_API int UpdateGraph(HWND window, HDC dc, unsigned flags);
+    WREN_API int Delete();   // frees the history and the drawing; 1 when there was something to free
+
+    // What the graph holds, for texts beside it and for checks.
+    WREN_API unsigned GetSeriesCount() const;
+    WREN_API unsigned GetPointCapacity() const;            // spanMs / intervalMs, at least 1
+    WREN_API unsigned GetPointCount(unsigned series) const; // points kept so far, up to the capacity
+    // Point by age: 0 is the newest. 0 when there is no such point.
+    WREN_API unsigned GetPoint(unsigned series, unsigned age) const;
+    WREN_API unsigned GetScaleMax(unsigned series) const;   // the set maximum, or 0
+    WREN_API unsigned GetScaleTop(unsigned series) const;   // the value drawn at the top right now
+    WREN_API unsigned GetDisplayDivisor(unsigned series) const;
+    WREN_API unsigned GetDisplayValue(unsigned series) const;  // newest point / divisor
+    WREN_API COLORREF GetSeriesColour(unsigned series) const;
+    // Copy name or unit into the buffer (length in characters, always terminated); "" when unset.
+    WREN_API int GetSeriesName(unsigned series, wchar_t* buffer, unsigned length) const;
+    WREN_API int GetSeriesUnit(unsigned series, wchar_t* buffer, unsigned length) const;
+
+private:
+    detail::PerfGraphState* state_ = nullptr;
+};
+
+// GDI objects (bitmaps, DCs, pens, brushes) all history graphs of this process hold right now, and how
+// many of them the system refused to free; for leak checks.
+WREN_API long GetPerfGraphGdiObjectCount();
+WREN_API long GetPerfGraphGdiFreeFailures();
+
+}  // namespace wren
