@@ -235,3 +235,27 @@ KESTREL_API wren::PERFGRAPH* GetHistoryGraph(const _TASKDATADYNAMIC* record);
 KESTREL_API wren::PERFGRAPH* GetProcessHistoryGraph(unsigned pid);
 
 }  // namespace kestrel
+
+// ---- Process actions ----
+// Each takes a process id and returns non-zero on success. A process that has already ended, or that
+// refuses the access an action needs, fails with 0 (GetLastError tells which).
+namespace kestrel {
+
+// Exit code a terminated process is given.
+inline constexpr unsigned PRM_TerminatedExitCode = 1;
+
+KESTREL_API int PRM_TerminateProcess(unsigned pid);
+// Suspends every thread of the process (one more suspension each).
+KESTREL_API int PRM_SuspendProcess(unsigned pid);
+// Undoes one suspension of every thread of the process.
+KESTREL_API int PRM_ResumeProcess(unsigned pid);
+// Non-zero when every thread of the process is suspended. Never true for the calling process.
+KESTREL_API int PRM_IsProcessSuspended(unsigned pid);
+// Resumes every suspended process once; non-zero when all of them could be resumed.
+KESTREL_API int PRM_ResumeAll();
+// Sets the working-set limits; both all ones trims the working set (pages the process out).
+KESTREL_API int PRM_SetProcessWorkingSetSize(unsigned pid, unsigned long long minimum, unsigned long long maximum);
+// priorityClass: one of the Windows priority class values (IDLE_PRIORITY_CLASS ... REALTIME_PRIORITY_CLASS).
+KESTREL_API int PRM_SetProcessPriority(unsigned pid, unsigned priorityClass);
+
+}  // namespace kestrel

@@ -1,0 +1,71 @@
+#include "process_control_query.h"
+
+#include <tlhelp32.h>
+
+#include <algorithm>
+
+namespace kestrel::detail {
+
+namespace {
+
+struct SnapshotTraits {
+    using Type = HANDLE;
+    static Type Invalid() { return INVALID_HANDLE_VALUE; }
+    static void Close(Type value) { CloseHandle(value); }
+};
+
+}  // namespace
+
+UniqueHandle OpenLiveProcess(unsigned pid, DWORD access) {
+    UniqueHandle process(OpenProcess(access | SYNCHRONIZE, FALSE, pid));
+    if (!process) return process;
+    if (WaitForSingleObject(process.Get(), 0) == WAIT_OBJECT_0) {
+        SetLastError(ERROR_INVALID_PARAMETER);   // what opening a process id that no longer exists reports
+        process.Reset();
+    }
+    return process;
+}
+
+std::vector<DWORD> AllProcessIds() {
+    std::vector<DWORD> ids;
+    UniqueResource<SnapshotTraits> snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    if (!snapshot) return ids;
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof(entry);
+    for (BOOL more = Process32FirstW(snapshot.Get(), &entry); more; more = Process32NextW(snapshot.Get(), &entry)) {
+        ids.push_back(entry.th32ProcessID);
+    }
+    return ids;
+}
+
+std::vector<DWORD> ThreadIdsOfProcess(unsigned pid) {
+    std::vector<DWORD> ids;
+    UniqueResource<SnapshotTraits> snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+    if (!snapshot) return ids;
+    THREADENTRY32 entry = {};
+    entry.dwSize = sizeof(entry);
+    for (BOOL more = Thread32First(snapshot.Get(), &entry); more; more = Thread32Next(snapshot.Get(), &entry)) {
+        if (entry.th32OwnerProcessID == pid) ids.push_back(entry.th32ThreadID);
+    }
+    return ids;
+}
+
+int ThreadSuspendState(DWORD threadId) {
+    // Suspending a thread from itself would never return; the calling thread is running by definition.
+    if (threadId == GetCurrentThreadId()) return 0;
+    UniqueHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, threadId));
+    if (!thread) return -1;
+    // There is no portable query of a thread's suspend count: suspending it once more returns the count it
+    // had, and the resume right after restores it.
+    const DWORD previousCount = SuspendThread(thread.Get());
+    if (previousCount == static_cast<DWORD>(-1)) return -1;
+    ResumeThread(thread.Get());
+    return previousCount > 0 ? 1 : 0;
+}
+
+bool AllThreadsSuspended(const std::vector<int>& suspendStates) {
+    return !suspendStates.empty() &&
+           std::all_of(suspendStates.begin(), suspendStates.end(), [](int state) { return state == 1; });
+}
+
+}  // namespace kestrel::detail

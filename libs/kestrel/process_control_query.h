@@ -1,0 +1,26 @@
+// What the process actions need to know about other processes: whether they still live, their threads,
+// and whether those are suspended.
+#pragma once
+#include <windows.h>
+
+#include <vector>
+
+#include "unique_resource.h"
+
+namespace kestrel::detail {
+
+using UniqueHandle = UniqueResource<HandleTraits>;
+
+// The process with the access asked for, or null when it cannot be opened or has already ended (a handle
+// someone else holds keeps an ended process's id alive, and the system would still accept most calls on it).
+UniqueHandle OpenLiveProcess(unsigned pid, DWORD access);
+// Ids of every process at this moment.
+std::vector<DWORD> AllProcessIds();
+// Thread ids of the process at this moment; empty when it has none or they cannot be listed.
+std::vector<DWORD> ThreadIdsOfProcess(unsigned pid);
+// 1 when the thread is suspended, 0 when it runs, -1 when that cannot be found out.
+int ThreadSuspendState(DWORD threadId);
+// True when the list is not empty and every thread in it is suspended.
+bool AllThreadsSuspended(const std::vector<int>& suspendStates);
+
+}  // namespace kestrel::detail
