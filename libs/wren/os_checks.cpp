@@ -28,8 +28,9 @@ int IsOSWindows2000() {
 }
 
 int IsThemeActive() {
-    // uxtheme is looked up at run time so that the library also loads where it is missing.
-    UniqueModule uxtheme(LoadLibraryW(L"uxtheme.dll"));
+    // uxtheme is looked up at run time, from the system folder only, so that the library also loads
+    // where it is missing and never picks up a planted copy.
+    UniqueModule uxtheme(LoadLibraryExW(L"uxtheme.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     if (!uxtheme) return 0;
     using IsThemeActiveFunction = BOOL(WINAPI*)();
     auto isThemeActive = reinterpret_cast<IsThemeActiveFunction>(GetProcAddress(uxtheme.Get(), "IsThemeActive"));
