@@ -7,6 +7,8 @@
 #include "app/lmvx.h"
 #include "app/option_keys.h"
 #include "finch.h"
+#include "mainwnd/command_dispatch.h"
+#include "mainwnd/command_dispatch_process.h"
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/main_window_state.h"
 #include "mainwnd/window_placement.h"
@@ -46,25 +48,32 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     SetProgramIcons(*state);
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_TRAY_ICON));
+    perf::CreateTrayIcon(state->perfDisplays, window, state->smallIcon.Get());
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_TOOLBAR));
     ReplaceMenu(window);
+    perf::CreatePerfPopups(state->perfDisplays, window);
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_UI));
     state->processList.Attach(GetDlgItem(window, IDC_PROCESS_LIST), g_processList);
     state->processList.RestoreState();
+    perf::CreateStatusBar(state->perfDisplays, window);
+    state->children.statusBar = state->perfDisplays.statusBar.bar;
+    perf::AddPerfDisplayHooks(state->perfDisplays, state->refreshHooks);
 
-    state->refreshCycle.Init(window, proclist::RefreshHooks{});
+    state->refreshHooks.rebuildProcessMenu = [main = state.get()] { RefreshProcessMenu(*main); };
+    state->refreshCycle.Init(window, state->refreshHooks);
     state->refreshCycle.LoadRate();
     const auto& topmost = options::Topmost;
     if (wren::regOptions.GetOptionBOOL(topmost.name, topmost.defaultValue)) {
         SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     }
+    UpdateMainMenuChecks(*state);
 
     state->refreshCycle.Start();
 
     RestoreMainWindowPlacement(window);
-    LayOutMainWindow(window);
+    LayOutMainWindow(window, state->children);
     ShowWindow(window, IsZoomed(window) ? SW_SHOWMAXIMIZED : SW_SHOW);
     SetForegroundWindow(window);
     state.release();   // owned by the window from here on; freed on WM_NCDESTROY
@@ -89,26 +98,17 @@ void OnDestroy(HWND window) {
 }
 
 void OnCommand(HWND window, WORD command) {
-    MainWindowState* state = StateOf(window);
-    if (state && (state->processList.OnSortCommand(command) || state->refreshCycle.OnRateCommand(command))) return;
-    switch (command) {
-    case IDM_EXIT:       // also IDCANCEL: Escape and the close box end the program
-    case IDM_EXIT_ALT:
-        EndDialog(window, command);
-        break;
-    default:
-        break;
-    }
+    if (MainWindowState* state = StateOf(window)) DispatchCommand(*state, command);
 }
 
 INT_PTR OnNotify(HWND window, const NMHDR* header) {
     MainWindowState* state = StateOf(window);
     if (!state || header->idFrom != IDC_PROCESS_LIST) return FALSE;
-    if (header->code == LVN_COLUMNCLICK) {
-        state->processList.OnHeaderClick(reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
-        return TRUE;
-    }
-    return FALSE;
+    return DispatchListNotification(*state, *header);
+}
+
+void OnSize(HWND window) {
+    if (MainWindowState* state = StateOf(window)) LayOutMainWindow(window, state->children);
 }
 
 void OnNcDestroy(HWND window) {
@@ -120,6 +120,10 @@ void OnNcDestroy(HWND window) {
 }  // namespace
 
 INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (MainWindowState* state = StateOf(window);
+        state && perf::OnPerfDisplayMessage(state->perfDisplays, window, message, wParam, lParam)) {
+        return TRUE;
+    }
     switch (message) {
     case WM_INITDIALOG:
         return OnInitDialog(window, reinterpret_cast<MainWindowStart*>(lParam));
@@ -127,13 +131,17 @@ INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         OnCommand(window, LOWORD(wParam));
         return TRUE;
     case WM_SIZE:
-        LayOutMainWindow(window);
+        OnSize(window);
         return TRUE;
     case WM_NOTIFY:
         return OnNotify(window, reinterpret_cast<const NMHDR*>(lParam));
     case WM_TIMER:
         if (MainWindowState* state = StateOf(window)) state->refreshCycle.OnTimer(wParam);
         return TRUE;
+    case WM_ENTERMENULOOP:
+    case WM_EXITMENULOOP:
+        if (MainWindowState* state = StateOf(window)) state->menuOpen = message == WM_ENTERMENULOOP;
+        return FALSE;
     case WM_USER:
         if (MainWindowState* state = StateOf(window)) state->refreshCycle.OnRefreshMessage(wParam);
         return TRUE;

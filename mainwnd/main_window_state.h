@@ -2,8 +2,12 @@
 #pragma once
 #include <windows.h>
 
+#include <atomic>
+
 #include "app/lmvx.h"
 #include "app/unique_handle.h"
+#include "mainwnd/main_window_layout.h"
+#include "perf/perf_displays.h"
 #include "proclist/process_list_view.h"
 #include "proclist/refresh_cycle.h"
 
@@ -16,8 +20,17 @@ struct MainWindowState {
     MainWindowStart* start = nullptr;
     UniqueIcon bigIcon;
     UniqueIcon smallIcon;
+    // Tray icon, pop-ups and status bar; declared before the refresh cycle so that they outlive its thread.
+    perf::PerfDisplays perfDisplays;
     proclist::ProcessListView processList;
     proclist::RefreshCycle refreshCycle{g_processList};
+    // The other views' parts of each refresh cycle; filled during set-up, before the cycle starts.
+    proclist::RefreshHooks refreshHooks;
+    // Toolbar, details pane and status bar, placed around the list by LayOutMainWindow. children.detailsPane
+    // is the pane page that receives the forwarded per-process commands and holds the pause button.
+    MainWindowChildren children;
+    // True while a menu of the main window is open: the Process popup is then not replaced under the user.
+    std::atomic<bool> menuOpen{false};
 };
 
 }  // namespace lmvx

@@ -1,0 +1,176 @@
+// The process menus of the real main window, hosted in this test program, for child processes the test
+// starts and for the program itself: the list's context menu and the main menu's Process popup.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "app/lmvx.h"
+#include "child_process.h"
+#include "hosted_main_window.h"
+#include "kestrel.h"
+#include "mainwnd/process_menu.h"
+#include "resource.h"
+
+namespace mainwnd_test {
+namespace {
+
+constexpr DWORD kRowWaitMs = 20000;
+
+const SeenItem* Find(const std::vector<SeenItem>& items, UINT id) {
+    const auto found = std::find_if(items.begin(), items.end(), [&](const SeenItem& i) { return i.id == id; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+const SeenItem* FindText(const std::vector<SeenItem>& items, const std::wstring& text) {
+    const auto found = std::find_if(items.begin(), items.end(), [&](const SeenItem& i) { return i.text == text; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+std::vector<UINT> CheckedIds(const std::vector<SeenItem>& items) {
+    std::vector<UINT> ids;
+    for (const SeenItem& item : items) {
+        if (item.checked) ids.push_back(item.id);
+    }
+    return ids;
+}
+
+class ProcessMenuWindowTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        program_ = new ScopedHostedProgram(L"LumivexMainWindowMenuTest");
+        main_ = new HostedMainWindow();
+    }
+    static void TearDownTestSuite() {
+        delete main_;
+        delete program_;
+    }
+    void SetUp() override { ASSERT_NE(main_->Get(), nullptr) << "dialog 129 did not open"; }
+
+    std::vector<SeenItem> ContextMenuFor(unsigned pid) {
+        EXPECT_TRUE(main_->SelectProcess(pid, kRowWaitMs)) << "no row for process " << pid;
+        return RightClickMenu(main_->Get(), main_->List());
+    }
+    // The popup at position 2 of the main menu once it shows the process's first item as expected.
+    bool ProcessPopupShows(UINT firstId, bool firstGrayed) {
+        return PumpUntil(
+            [&] {
+                const auto popup = ReadMenu(GetSubMenu(GetMenu(main_->Get()), 2));
+                return !popup.empty() && popup[0].id == firstId && popup[0].grayed == firstGrayed;
+            },
+            kRowWaitMs);
+    }
+
+    static ScopedHostedProgram* program_;
+    static HostedMainWindow* main_;
+};
+
+ScopedHostedProgram* ProcessMenuWindowTest::program_ = nullptr;
+HostedMainWindow* ProcessMenuWindowTest::main_ = nullptr;
+
+TEST_F(ProcessMenuWindowTest, ContextMenuOfARunningChildOffersEveryActionWithItsTexts) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    const auto menu = ContextMenuFor(child.Pid());
+    ASSERT_EQ(menu.size(), 14u);
+
+    const SeenItem* pause = Find(menu, IDM_PAUSE_PROCESS);
+    ASSERT_NE(pause, nullptr);
+    EXPECT_EQ(pause->text, L"Pause Process");
+    EXPECT_FALSE(pause->grayed);
+    EXPECT_EQ(Find(menu, IDM_PAGE_OUT_PROCESS)->text, L"Page Out Process");
+    // The child has no window: both window items say so without dots and are grayed.
+    EXPECT_EQ(Find(menu, IDM_CLOSE_WINDOW)->text, L"Close Window");
+    EXPECT_TRUE(Find(menu, IDM_CLOSE_WINDOW)->grayed);
+    EXPECT_EQ(Find(menu, IDM_BRING_TO_FRONT)->text, L"Bring to Front");
+    EXPECT_TRUE(Find(menu, IDM_BRING_TO_FRONT)->grayed);
+    EXPECT_EQ(Find(menu, IDM_OPEN_CONTAINING_FOLDER)->text, L"Open Containing Folder");
+    EXPECT_EQ(Find(menu, IDM_TERMINATE_PROCESS)->text, L"Terminate Process");
+    EXPECT_EQ(Find(menu, IDM_RESTART_PROCESS)->text, L"Restart Process");
+    EXPECT_FALSE(Find(menu, IDM_RESTART_PROCESS)->grayed);
+    const SeenItem* properties = Find(menu, IDM_PROPERTIES);
+    ASSERT_NE(properties, nullptr);
+    EXPECT_EQ(properties->text, L"Properties");
+    EXPECT_TRUE(properties->isDefault);
+    EXPECT_EQ(std::count_if(menu.begin(), menu.end(), [](const SeenItem& i) { return i.separator; }), 5);
+
+    const SeenItem* priority = FindText(menu, L"Priority");
+    ASSERT_NE(priority, nullptr);
+    EXPECT_FALSE(priority->grayed);
+    ASSERT_EQ(priority->submenu.size(), 8u);
+    EXPECT_EQ(CheckedIds(priority->submenu), std::vector<UINT>{IDM_PRIORITY_NORMAL});
+    EXPECT_FALSE(Find(priority->submenu, IDM_PRIORITY_IDLE)->grayed);
+    EXPECT_EQ(priority->submenu.back().text, L"Paused");
+    EXPECT_EQ(priority->submenu.back().id, static_cast<UINT>(IDM_PAUSE_PROCESS));
+}
+
+TEST_F(ProcessMenuWindowTest, ContextMenuOfTheProgramItselfGraysPauseRestartIdleAndPaused) {
+    const auto menu = ContextMenuFor(GetCurrentProcessId());
+    ASSERT_FALSE(menu.empty());
+    EXPECT_TRUE(Find(menu, IDM_PAUSE_PROCESS)->grayed);
+    EXPECT_TRUE(Find(menu, IDM_RESTART_PROCESS)->grayed);
+    EXPECT_FALSE(Find(menu, IDM_TERMINATE_PROCESS)->grayed);
+    const SeenItem* priority = FindText(menu, L"Priority");
+    ASSERT_NE(priority, nullptr);
+    EXPECT_TRUE(Find(priority->submenu, IDM_PRIORITY_IDLE)->grayed);
+    EXPECT_FALSE(Find(priority->submenu, IDM_PRIORITY_HIGH)->grayed);
+    EXPECT_TRUE(priority->submenu.back().grayed);
+}
+
+TEST_F(ProcessMenuWindowTest, APausedChildIsOfferedResumeAndShowsPausedChecked) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    ASSERT_TRUE(main_->SelectProcess(child.Pid(), kRowWaitMs));
+    ASSERT_NE(kestrel::PRM_SuspendProcess(child.Pid()), 0);
+    const auto menu = RightClickMenu(main_->Get(), main_->List());
+    kestrel::PRM_ResumeProcess(child.Pid());
+
+    EXPECT_EQ(Find(menu, IDM_PAUSE_PROCESS), nullptr);
+    const SeenItem* resume = Find(menu, IDM_RESUME_PROCESS);
+    ASSERT_NE(resume, nullptr);
+    EXPECT_EQ(resume->text, L"Resume Process");
+    const SeenItem* priority = FindText(menu, L"Priority");
+    ASSERT_NE(priority, nullptr);
+    EXPECT_EQ(priority->submenu.back().id, static_cast<UINT>(IDM_RESUME_PROCESS));
+    EXPECT_TRUE(priority->submenu.back().checked);
+}
+
+TEST_F(ProcessMenuWindowTest, PrioritySubmenuFollowsAChangedPriorityClass) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
+    // The provider sees the new class after one of its updates.
+    EXPECT_TRUE(PumpUntil(
+        [&] {
+            const lmvx::UniqueMenu submenu = lmvx::BuildPrioritySubmenu(lmvx::g_processList, child.Pid());
+            return submenu && CheckedIds(ReadMenu(submenu.Get())) == std::vector<UINT>{IDM_PRIORITY_BELOW_NORMAL};
+        },
+        kRowWaitMs));
+}
+
+TEST_F(ProcessMenuWindowTest, TheMainMenusProcessPopupFollowsTheSelectionEachCycle) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    ASSERT_TRUE(main_->SelectProcess(child.Pid(), kRowWaitMs));
+    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, false));
+    ASSERT_TRUE(main_->SelectProcess(GetCurrentProcessId(), kRowWaitMs));
+    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, true));
+
+    wchar_t title[64] = {};
+    GetMenuStringW(GetMenu(main_->Get()), 2, title, 64, MF_BYPOSITION);
+    EXPECT_STREQ(title, L"Process");
+}
+
+TEST_F(ProcessMenuWindowTest, AProcessOutsideTheSnapshotGetsOnlyAGrayedProperties) {
+    const lmvx::UniqueMenu menu = lmvx::BuildProcessMenu(lmvx::g_processList, lmvx::kNoProcess);
+    ASSERT_TRUE(menu);
+    const auto items = ReadMenu(menu.Get());
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].id, static_cast<UINT>(IDM_PROPERTIES));
+    EXPECT_EQ(items[0].text, L"Properties");
+    EXPECT_TRUE(items[0].grayed);
+    EXPECT_TRUE(items[0].isDefault);
+    EXPECT_EQ(lmvx::BuildPrioritySubmenu(lmvx::g_processList, lmvx::kNoProcess).Get(), nullptr);
+}
+
+}  // namespace
+}  // namespace mainwnd_test
