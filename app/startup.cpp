@@ -11,6 +11,7 @@
 #include "app/shared_icons.h"
 #include "app/startup_text.h"
 #include "app/warning_dialog.h"
+#include "perf/sampler.h"
 #include "finch.h"
 #include "resource.h"
 #include "wren.h"
@@ -88,7 +89,10 @@ int Initialize() {
 
     SetLogonLauncher(wren::regOptions.GetOptionBOOL(options::LaunchOnCAF.name, options::LaunchOnCAF.defaultValue));
 
+    perf::InitPerformance();
+
     LoadSharedIcons(wren::GetStoredInstance());
+    perf::KeepPerfMonSource();
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_INIT_PROCESS_LIST));
     g_processList.Init();

@@ -1,0 +1,224 @@
+// PERFGRAPH drawing: what lands where in a memory DC of several sizes, drawing into windows, repainting the
+// last drawing, and that no GDI object outlives its use.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+#include "wren.h"
+
+namespace {
+
+constexpr unsigned kSpan = 180000;
+constexpr unsigned kInterval = 500;
+constexpr COLORREF kFill = RGB(0, 128, 0);
+constexpr COLORREF kLine = RGB(0, 255, 0);
+constexpr COLORREF kBlack = RGB(0, 0, 0);
+
+// A top-down 32-bit DIB selected into a memory DC, with its pixels readable.
+class PixelCanvas {
+public:
+    PixelCanvas(int width, int height) : width_(width), height_(height) {
+        dc_ = CreateCompatibleDC(nullptr);
+        BITMAPINFO info{};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        info.bmiHeader.biCompression = BI_RGB;
+        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_), nullptr, 0);
+        previous_ = SelectObject(dc_, bitmap_);
+        PatBlt(dc_, 0, 0, width, height, WHITENESS);   // anything the graph leaves out stays white
+    }
+    ~PixelCanvas() {
+        SelectObject(dc_, previous_);
+        EXPECT_TRUE(DeleteObject(bitmap_));
+        EXPECT_TRUE(DeleteDC(dc_));
+    }
+    PixelCanvas(const PixelCanvas&) = delete;
+    PixelCanvas& operator=(const PixelCanvas&) = delete;
+
+    bool Valid() const { return dc_ && bitmap_ && bits_; }
+    HDC Dc() const { return dc_; }
+    COLORREF Pixel(int x, int y) const {
+        GdiFlush();
+        const DWORD value = bits_[static_cast<size_t>(y) * width_ + x];
+        return RGB((value >> 16) & 0xFF, (value >> 8) & 0xFF, value & 0xFF);
+    }
+
+private:
+    int width_, height_;
+    HDC dc_ = nullptr;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    DWORD* bits_ = nullptr;
+};
+
+// A graph of one series at half its scale over the whole history.
+std::unique_ptr<wren::PERFGRAPH> HalfFullGraph() {
+    auto graph = std::make_unique<wren::PERFGRAPH>();
+    graph->Init(kSpan, kInterval, 1);
+    graph->SetScaleMax(100, 0);
+    const unsigned start = GetTickCount();
+    for (unsigned i = 0; i < kSpan / kInterval; ++i) graph->SetDataPoint(50, start + i * kInterval, 0);
+    return graph;
+}
+
+bool DrawFull(wren::PERFGRAPH& graph, HWND window, HDC dc) {
+    if (!graph.RenderOpen(window, dc, 0)) return false;
+    graph.RenderFill(kFill, 0);
+    graph.RenderGrid();
+    graph.RenderLine(kLine, 0);
+    return graph.RenderCloseEx(0) != 0;
+}
+
+class PerfGraphRenderSizes : public ::testing::TestWithParam<std::pair<int, int>> {};
+
+TEST_P(PerfGraphRenderSizes, BackgroundAboveLineOnItFillBelow) {
+    const auto [width, height] = GetParam();
+    PixelCanvas canvas(width, height);
+    ASSERT_TRUE(canvas.Valid());
+    auto graph = HalfFullGraph();
+    ASSERT_TRUE(DrawFull(*graph, nullptr, canvas.Dc()));
+    const int right = width - 1;
+    if (height < 20) {
+        EXPECT_EQ(canvas.Pixel(right, 0), kLine);   // one row: the line is all there is
+        return;
+    }
+    const int lineRow = (height - 1) - (height - 1) / 2;
+    EXPECT_EQ(canvas.Pixel(right, lineRow), kLine);
+    EXPECT_EQ(canvas.Pixel(0, lineRow), kLine);            // the history spans the whole width
+    EXPECT_EQ(canvas.Pixel(right, 2), kBlack);              // above the line: background
+    EXPECT_EQ(canvas.Pixel(right, height - 3), kFill);      // below it: the fill
+    EXPECT_EQ(canvas.Pixel(right, height - 1), kFill);      // down to the bottom row
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PerfGraphRenderSizes,
+                         ::testing::Values(std::make_pair(1, 1), std::make_pair(151, 57),
+                                           std::make_pair(1920, 1080)));
+
+TEST(PerfGraphRender, AValueAboveTheScaleIsDrawnAtTheTop) {
+    PixelCanvas canvas(120, 60);
+    ASSERT_TRUE(canvas.Valid());
+    wren::PERFGRAPH graph;
+    graph.Init(kSpan, kInterval, 1);
+    graph.SetScaleMax(100, 0);
+    graph.SetDataPoint(250, GetTickCount(), 0);
+    ASSERT_TRUE(DrawFull(graph, nullptr, canvas.Dc()));
+    EXPECT_EQ(canvas.Pixel(119, 0), kLine);
+}
+
+TEST(PerfGraphRender, WithoutScaleMaximumThePeakReachesTheTop) {
+    PixelCanvas canvas(120, 60);
+    ASSERT_TRUE(canvas.Valid());
+    wren::PERFGRAPH graph;
+    graph.Init(kSpan, kInterval, 1);
+    const unsigned start = GetTickCount();
+    graph.SetDataPoint(12345, start, 0);
+    graph.SetDataPoint(0, start + kInterval, 0);
+    ASSERT_TRUE(DrawFull(graph, nullptr, canvas.Dc()));
+    EXPECT_EQ(canvas.Pixel(119, 59), kLine);   // newest point, 0: bottom right
+    // The peak one point earlier: its column reaches the top row.
+    bool peakAtTop = false;
+    for (int x = 100; x < 120; ++x) peakAtTop = peakAtTop || canvas.Pixel(x, 0) == kLine;
+    EXPECT_TRUE(peakAtTop);
+}
+
+TEST(PerfGraphRender, LaterFillsCoverEarlierOnes) {
+    PixelCanvas canvas(100, 50);
+    ASSERT_TRUE(canvas.Valid());
+    wren::PERFGRAPH graph;
+    graph.Init(kSpan, kInterval, 2);
+    graph.SetScaleMax(100, 0);
+    graph.SetScaleMax(100, 1);
+    const unsigned start = GetTickCount();
+    for (unsigned i = 0; i < kSpan / kInterval; ++i) {
+        graph.SetDataPoint(80, start + i * kInterval, 0);
+        graph.SetDataPoint(30, start + i * kInterval, 1);
+    }
+    ASSERT_TRUE(graph.RenderOpen(nullptr, canvas.Dc(), 0));
+    graph.RenderFill(RGB(128, 128, 0), 0);
+    graph.RenderFill(RGB(0, 0, 128), 1);
+    ASSERT_TRUE(graph.RenderClose());
+    EXPECT_EQ(canvas.Pixel(99, 48), RGB(0, 0, 128));   // under both: the later fill
+    EXPECT_EQ(canvas.Pixel(99, 20), RGB(128, 128, 0)); // under the higher series only
+}
+
+class TestWindow {
+public:
+    TestWindow(int width, int height) {
+        window_ = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, width, height, nullptr, nullptr, nullptr, nullptr);
+    }
+    ~TestWindow() {
+        if (window_) DestroyWindow(window_);
+    }
+    TestWindow(const TestWindow&) = delete;
+    TestWindow& operator=(const TestWindow&) = delete;
+    HWND Get() const { return window_; }
+
+private:
+    HWND window_ = nullptr;
+};
+
+TEST(PerfGraphRender, IntoAWindowAtItsClientSizeAndRepaintedFromTheLastDrawing) {
+    TestWindow window(173, 61);
+    ASSERT_NE(window.Get(), nullptr);
+    auto graph = HalfFullGraph();
+    HDC offScreen = graph->RenderOpen(window.Get(), nullptr, 0);
+    ASSERT_NE(offScreen, nullptr);
+    BITMAP size{};
+    ASSERT_NE(GetObjectW(GetCurrentObject(offScreen, OBJ_BITMAP), sizeof size, &size), 0);
+    EXPECT_EQ(size.bmWidth, 173);
+    EXPECT_EQ(size.bmHeight, 61);
+    graph->RenderFill(kFill, 0);
+    graph->RenderLine(kLine, 0);
+    ASSERT_TRUE(graph->RenderClose());
+
+    PixelCanvas copy(173, 61);
+    ASSERT_TRUE(graph->UpdateGraph(nullptr, copy.Dc(), 0));
+    EXPECT_EQ(copy.Pixel(172, 30), kLine);
+    EXPECT_EQ(copy.Pixel(172, 59), kFill);
+}
+
+TEST(PerfGraphRender, NothingToDrawIntoGivesNoDC) {
+    auto graph = HalfFullGraph();
+    TestWindow empty(0, 0);
+    ASSERT_NE(empty.Get(), nullptr);
+    EXPECT_EQ(graph->RenderOpen(empty.Get(), nullptr, 0), nullptr);
+    HWND gone = nullptr;
+    {
+        TestWindow window(50, 50);
+        gone = window.Get();
+    }
+    EXPECT_EQ(graph->RenderOpen(gone, nullptr, 0), nullptr);
+    EXPECT_EQ(graph->UpdateGraph(gone, nullptr, 0), 0);
+    EXPECT_EQ(graph->UpdateGraph(nullptr, nullptr, 0), 0);
+    // A graph that was never drawn has nothing to repaint.
+    PixelCanvas canvas(10, 10);
+    EXPECT_EQ(graph->UpdateGraph(nullptr, canvas.Dc(), 0), 0);
+}
+
+TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
+    const long before = wren::GetPerfGraphGdiObjectCount();
+    const long failuresBefore = wren::GetPerfGraphGdiFreeFailures();
+    {
+        auto graph = HalfFullGraph();
+        TestWindow window(300, 120);
+        ASSERT_NE(window.Get(), nullptr);
+        // Two drawings: the one being drawn and the last finished one each hold a bitmap from then on.
+        ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr));
+        ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr));
+        const long heldAfterTwo = wren::GetPerfGraphGdiObjectCount();
+        for (int i = 0; i < 300; ++i) {
+            ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr)) << "drawing " << i;
+            SetWindowPos(window.Get(), nullptr, 0, 0, 100 + i % 7 * 40, 50 + i % 5 * 30, SWP_NOZORDER | SWP_NOMOVE);
+            graph->UpdateGraph(window.Get(), nullptr, 0);
+        }
+        EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), heldAfterTwo);   // the same bitmaps, reused or replaced
+    }
+    EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
+    EXPECT_EQ(wren::GetPerfGraphGdiFreeFailures(), failuresBefore);
+}
+
+}  // namespace

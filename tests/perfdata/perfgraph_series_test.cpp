@@ -1,0 +1,117 @@
+// PERFGRAPH through the library: series registration, feeding, scaling and the contract's edge cases.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "wren.h"
+
+namespace {
+
+constexpr unsigned kSpan = 180000;
+constexpr unsigned kInterval = 500;
+
+std::wstring SeriesName(const wren::PERFGRAPH& graph, unsigned series) {
+    wchar_t buffer[64] = {};
+    graph.GetSeriesName(series, buffer, 64);
+    return buffer;
+}
+
+TEST(PerfGraphSeries, EveryOperationFailsBeforeInit) {
+    wren::PERFGRAPH graph;
+    EXPECT_EQ(graph.SetDataPoint(1, 0, 0), 0);
+    EXPECT_EQ(graph.SetScaleMax(1, 0), 0);
+    EXPECT_EQ(graph.RenderOpen(nullptr, nullptr, 0), nullptr);
+    EXPECT_EQ(graph.RenderGrid(), 0);
+    EXPECT_EQ(graph.RenderClose(), 0);
+    EXPECT_EQ(graph.Delete(), 0);
+    EXPECT_EQ(graph.GetPointCapacity(), 0u);
+}
+
+TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeries) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 3), 0);
+    EXPECT_EQ(graph.GetSeriesCount(), 3u);
+    EXPECT_EQ(graph.GetPointCapacity(), kSpan / kInterval);
+    const unsigned start = GetTickCount();
+    for (unsigned i = 0; i <= kSpan / kInterval + 10; ++i) graph.SetDataPoint(i, start + i * kInterval, 1);
+    EXPECT_EQ(graph.GetPointCount(1), kSpan / kInterval);
+    EXPECT_EQ(graph.GetPoint(1, 0), kSpan / kInterval + 10);
+    EXPECT_EQ(graph.GetPoint(1, kSpan / kInterval - 1), 11u);   // points older than the span are gone
+    EXPECT_EQ(graph.GetPointCount(0), 0u);                      // series are independent
+}
+
+TEST(PerfGraphSeries, SeriesOutsideTheGraphAreRefused) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 2), 0);
+    EXPECT_EQ(graph.SetDataPoint(1, 0, 2), 0);
+    EXPECT_EQ(graph.SetRegisterDisplayInfo(L"x", L"y", 1, 0, 2), 0);
+    EXPECT_EQ(graph.SetScaleMax(5, 2), 0);
+    EXPECT_EQ(graph.GetPoint(2, 0), 0u);
+}
+
+TEST(PerfGraphSeries, DisplayInfoAndDivisor) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
+    ASSERT_NE(graph.SetRegisterDisplayInfo(L"Physical Memory", L"MB", 1024, RGB(0, 255, 0), 0), 0);
+    EXPECT_EQ(SeriesName(graph, 0), L"Physical Memory");
+    wchar_t unit[8] = {};
+    graph.GetSeriesUnit(0, unit, 8);
+    EXPECT_STREQ(unit, L"MB");
+    EXPECT_EQ(graph.GetSeriesColour(0), RGB(0, 255, 0));
+    EXPECT_EQ(graph.GetDisplayDivisor(0), 1024u);
+    graph.SetDataPoint(3 * 1024 + 1023, GetTickCount(), 0);   // fed in KB, shown in whole MB
+    EXPECT_EQ(graph.GetDisplayValue(0), 3u);
+}
+
+TEST(PerfGraphSeries, NamesAreCutToTheBuffer) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
+    graph.SetRegisterDisplayInfo(L"Context Switches", L"/s", 1, 0, 0);
+    wchar_t small[8];
+    ASSERT_NE(graph.GetSeriesName(0, small, 8), 0);
+    EXPECT_STREQ(small, L"Context");
+}
+
+TEST(PerfGraphSeries, ADivisorOfZeroShowsTheFedValue) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
+    graph.SetRegisterDisplayInfo(L"n", L"u", 0, 0, 0);
+    graph.SetDataPoint(77, GetTickCount(), 0);
+    EXPECT_EQ(graph.GetDisplayValue(0), 77u);
+}
+
+TEST(PerfGraphSeries, ScaleMaximumOrOwnPeak) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 2), 0);
+    graph.SetScaleMax(100, 0);
+    const unsigned start = GetTickCount();
+    const unsigned values[] = {12, 4711, 30};
+    for (unsigned i = 0; i < 3; ++i) {
+        graph.SetDataPoint(values[i], start + i * kInterval, 0);
+        graph.SetDataPoint(values[i], start + i * kInterval, 1);
+    }
+    EXPECT_EQ(graph.GetScaleMax(0), 100u);
+    EXPECT_EQ(graph.GetScaleTop(0), 100u);
+    EXPECT_EQ(graph.GetScaleMax(1), 0u);
+    EXPECT_EQ(graph.GetScaleTop(1), values[1]);
+}
+
+TEST(PerfGraphSeries, AnEmptyGraphOfNoSeriesCanBeDrawnAndDeleted) {
+    // The pages draw a temporary Init(10, 10, 0) graph when their process is gone.
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(10, 10, 0), 0);
+    EXPECT_EQ(graph.GetPointCapacity(), 1u);
+    EXPECT_EQ(graph.RenderFill(0, 0), 0);
+    EXPECT_EQ(graph.Delete(), 1);
+    EXPECT_EQ(graph.Delete(), 0);
+}
+
+TEST(PerfGraphSeries, InitAgainStartsOver) {
+    wren::PERFGRAPH graph;
+    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
+    graph.SetDataPoint(5, GetTickCount(), 0);
+    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
+    EXPECT_EQ(graph.GetPointCount(0), 0u);
+}
+
+}  // namespace

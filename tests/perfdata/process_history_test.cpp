@@ -1,0 +1,83 @@
+// Each process's own history graph, fed from the provider's snapshots.
+#include <gtest/gtest.h>
+
+#include "child_process.h"
+#include "kestrel.h"
+#include "wren.h"
+
+namespace {
+
+class ProcessHistoryTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(list.Init(), 1); }
+    void TearDown() override { list.Delete(); }
+
+    // Updates the provider and feeds the histories, as the sampler does once per cycle.
+    void Cycle() {
+        list.Update();
+        ASSERT_EQ(kestrel::UpdateProcessHistories(list), 1);
+    }
+
+    kestrel::TL_PROCESSLIST list;
+};
+
+TEST_F(ProcessHistoryTest, EveryListedProcessHasAGraphOfCpuAndMemory) {
+    Cycle();
+    const int self = list.GetItemByPID(GetCurrentProcessId());
+    ASSERT_GE(self, 0);
+    wren::PERFGRAPH* graph = kestrel::GetHistoryGraph(list.GetItemDynamicData(self));
+    ASSERT_NE(graph, nullptr);
+    EXPECT_EQ(graph, kestrel::GetProcessHistoryGraph(GetCurrentProcessId()));
+    EXPECT_EQ(graph->GetSeriesCount(), 2u);
+    EXPECT_EQ(graph->GetPointCapacity(), 180000u / 500u);
+    EXPECT_EQ(graph->GetScaleMax(0), 100u);
+    EXPECT_EQ(graph->GetPoint(1, 0), list.GetItemDynamicData(self)->GetTotalMemoryBytes() >> 10);
+    EXPECT_GT(graph->GetPoint(1, 0), 0u);
+}
+
+TEST_F(ProcessHistoryTest, TheSameGraphGrowsOverCycles) {
+    Cycle();
+    wren::PERFGRAPH* first = kestrel::GetProcessHistoryGraph(GetCurrentProcessId());
+    ASSERT_NE(first, nullptr);
+    const unsigned before = first->GetPointCount(0);
+    Sleep(600);   // past one 500 ms point
+    Cycle();
+    EXPECT_EQ(kestrel::GetProcessHistoryGraph(GetCurrentProcessId()), first);
+    EXPECT_GT(first->GetPointCount(0), before);
+}
+
+TEST_F(ProcessHistoryTest, ABurningChildShowsCpuUsage) {
+    lmvx_test::ChildProcess child(L"burn 3000");
+    ASSERT_TRUE(child.Started());
+    unsigned highest = 0;
+    for (int i = 0; i < 10 && child.IsRunning(); ++i) {
+        Cycle();
+        if (wren::PERFGRAPH* graph = kestrel::GetProcessHistoryGraph(child.Pid())) {
+            highest = std::max(highest, graph->GetPoint(0, 0));
+        }
+        Sleep(250);
+    }
+    EXPECT_GT(highest, 0u);
+}
+
+TEST_F(ProcessHistoryTest, AnEndedProcessLosesItsGraph) {
+    unsigned pid = 0;
+    {
+        lmvx_test::ChildProcess child(L"sleep 60000");
+        ASSERT_TRUE(child.Started());
+        pid = child.Pid();
+        Cycle();
+        EXPECT_NE(kestrel::GetProcessHistoryGraph(pid), nullptr);
+    }
+    Cycle();
+    Cycle();
+    EXPECT_EQ(kestrel::GetProcessHistoryGraph(pid), nullptr);
+}
+
+TEST(ProcessHistory, UnknownRecordsHaveNoGraph) {
+    EXPECT_EQ(kestrel::GetHistoryGraph(nullptr), nullptr);
+    kestrel::TL_PROCESSLIST empty;
+    EXPECT_EQ(kestrel::UpdateProcessHistories(empty), 0);
+}
+
+}  // namespace

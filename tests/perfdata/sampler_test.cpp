@@ -1,0 +1,99 @@
+// The sampler step with the program's graphs: series as registered, one point per series per sample.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "perf/sampler.h"
+
+namespace lmvx::perf {
+namespace {
+
+std::wstring Name(const wren::PERFGRAPH& graph, unsigned series) {
+    wchar_t buffer[64] = {};
+    graph.GetSeriesName(series, buffer, 64);
+    return buffer;
+}
+
+class SamplerTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(counters.Init(), 1);
+        ASSERT_EQ(InitSystemGraphs(counters, cpu, memory), 1);
+    }
+    void TearDown() override { counters.Delete(); }
+
+    kestrel::_SYSPERFINFO counters;
+    wren::PERFGRAPH cpu;
+    wren::PERFGRAPH memory;
+};
+
+TEST_F(SamplerTest, CpuGraphSeries) {
+    ASSERT_EQ(cpu.GetSeriesCount(), kSeriesCount);
+    EXPECT_EQ(cpu.GetPointCapacity(), kHistorySpanMs / kPointIntervalMs);
+    EXPECT_EQ(Name(cpu, kCpuUsageSeries), L"CPU Usage");
+    EXPECT_EQ(Name(cpu, kSystemCpuSeries), L"System CPU Usage");
+    EXPECT_EQ(Name(cpu, kContextSwitchSeries), L"Context Switches");
+    EXPECT_EQ(cpu.GetSeriesColour(kCpuUsageSeries), RGB(0, 255, 0));
+    EXPECT_EQ(cpu.GetSeriesColour(kSystemCpuSeries), RGB(255, 0, 0));
+    EXPECT_EQ(cpu.GetSeriesColour(kContextSwitchSeries), RGB(255, 255, 0));
+    EXPECT_EQ(cpu.GetScaleMax(kCpuUsageSeries), 100u);
+    EXPECT_EQ(cpu.GetScaleMax(kSystemCpuSeries), 100u);
+    EXPECT_EQ(cpu.GetScaleMax(kContextSwitchSeries), 0u);   // scales to its own peak
+}
+
+TEST_F(SamplerTest, MemoryGraphSeriesInMBScaledToTheStartUpFigures) {
+    ASSERT_EQ(memory.GetSeriesCount(), kSeriesCount);
+    EXPECT_EQ(Name(memory, kPhysicalMemorySeries), L"Physical Memory");
+    EXPECT_EQ(Name(memory, kPagedMemorySeries), L"Paged Memory");
+    EXPECT_EQ(Name(memory, kSystemCacheSeries), L"System Cache");
+    for (unsigned series = 0; series < kSeriesCount; ++series) {
+        EXPECT_EQ(memory.GetDisplayDivisor(series), 1024u);
+        wchar_t unit[8] = {};
+        memory.GetSeriesUnit(series, unit, 8);
+        EXPECT_STREQ(unit, L"MB");
+    }
+    EXPECT_EQ(memory.GetScaleMax(kPhysicalMemorySeries), counters.GetPhysicalMemoryTotalKB());
+    EXPECT_EQ(memory.GetScaleMax(kPagedMemorySeries), counters.GetCommitChargeLimitKB());
+    EXPECT_EQ(memory.GetScaleMax(kSystemCacheSeries), counters.GetPhysicalMemoryTotalKB());
+}
+
+TEST_F(SamplerTest, OneSampleAddsEachSeriesItsFigure) {
+    ASSERT_EQ(SampleInto(counters, cpu, memory), 1);
+    for (unsigned series = 0; series < kSeriesCount; ++series) {
+        EXPECT_EQ(cpu.GetPointCount(series), 1u);
+        EXPECT_EQ(memory.GetPointCount(series), 1u);
+    }
+    EXPECT_EQ(cpu.GetPoint(kCpuUsageSeries, 0), UsagePoint(counters.GetCPUUsage()));
+    EXPECT_EQ(cpu.GetPoint(kContextSwitchSeries, 0), counters.GetContextSwitchDelta());
+    EXPECT_EQ(memory.GetPoint(kPhysicalMemorySeries, 0),
+              counters.GetPhysicalMemoryTotalKB() - counters.GetPhysicalMemoryAvailableKB());
+    EXPECT_EQ(memory.GetPoint(kPagedMemorySeries, 0), counters.GetCommitChargeTotalKB());
+    EXPECT_EQ(memory.GetPoint(kSystemCacheSeries, 0), counters.GetPhysicalMemorySystemCacheKB());
+}
+
+TEST_F(SamplerTest, SamplesOneIntervalApartAreTwoPoints) {
+    SampleInto(counters, cpu, memory);
+    Sleep(kPointIntervalMs + 50);
+    SampleInto(counters, cpu, memory);
+    EXPECT_EQ(memory.GetPointCount(kPhysicalMemorySeries), 2u);
+}
+
+TEST(SamplerProgramObjects, InitPerformanceMakesTheGraphsAndPopupBrushes) {
+    ASSERT_EQ(InitPerformance(), 1);
+    EXPECT_EQ(g_cpuGraph.GetSeriesCount(), kSeriesCount);
+    EXPECT_EQ(g_memoryGraph.GetSeriesCount(), kSeriesCount);
+    LOGBRUSH light{}, dark{};
+    ASSERT_NE(GetObjectW(g_popupBrushLight, sizeof light, &light), 0);
+    ASSERT_NE(GetObjectW(g_popupBrushDark, sizeof dark, &dark), 0);
+    EXPECT_EQ(light.lbColor, kPopupBackgroundLight);
+    EXPECT_EQ(dark.lbColor, RGB(0, 0, 0));
+
+    EXPECT_EQ(g_perfMonSource, nullptr);
+    SetSamplerInterval(1000, 500);   // before the source is kept: nothing to tell
+    KeepPerfMonSource();
+    EXPECT_EQ(g_perfMonSource, kestrel::GetGlobalPerfMonSourcePtr());
+    SetSamplerInterval(1000, 500);
+}
+
+}  // namespace
+}  // namespace lmvx::perf

@@ -1,0 +1,141 @@
+// The system counters and the performance source against the system's own calls.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <psapi.h>
+#include <winternl.h>
+
+#include <algorithm>
+
+#include <vector>
+
+#include "child_process.h"
+#include "kestrel.h"
+
+namespace {
+
+// Processes in the system's own list (SystemProcessInformation), or -1 when it cannot be read.
+long CountSystemProcesses() {
+    std::vector<unsigned char> buffer(1 << 20);
+    ULONG length = 0;
+    if (NtQuerySystemInformation(SystemProcessInformation, buffer.data(), static_cast<ULONG>(buffer.size()), &length) != 0) {
+        return -1;
+    }
+    long count = 0;
+    size_t offset = 0;
+    for (;;) {
+        const auto* entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(buffer.data() + offset);
+        ++count;
+        if (entry->NextEntryOffset == 0) break;
+        offset += entry->NextEntryOffset;
+    }
+    return count;
+}
+
+class SysPerfInfoTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(counters.Init(), 1); }
+    void TearDown() override { counters.Delete(); }
+    kestrel::_SYSPERFINFO counters;
+};
+
+TEST(SysPerfInfo, ZeroBeforeInitAndAfterDelete) {
+    kestrel::_SYSPERFINFO counters;
+    EXPECT_EQ(counters.Update(), 0);
+    EXPECT_EQ(counters.GetPhysicalMemoryTotalKB(), 0u);
+    EXPECT_EQ(counters.Delete(), 0);
+    ASSERT_EQ(counters.Init(), 1);
+    EXPECT_EQ(counters.Init(), 1);
+    EXPECT_EQ(counters.Delete(), 1);
+    EXPECT_EQ(counters.GetCPUUsage(), 0.0);
+}
+
+TEST_F(SysPerfInfoTest, PhysicalMemoryAsGlobalMemoryStatusExInKB) {
+    ASSERT_EQ(counters.Update(), 1);
+    MEMORYSTATUSEX memory{};
+    memory.dwLength = sizeof memory;
+    ASSERT_TRUE(GlobalMemoryStatusEx(&memory));
+    EXPECT_EQ(counters.GetPhysicalMemoryTotalKB(), static_cast<unsigned>(memory.ullTotalPhys / 1024));
+    EXPECT_GT(counters.GetPhysicalMemoryAvailableKB(), 0u);
+    EXPECT_LE(counters.GetPhysicalMemoryAvailableKB(), counters.GetPhysicalMemoryTotalKB());
+}
+
+TEST_F(SysPerfInfoTest, CommitChargeWithinItsLimit) {
+    ASSERT_EQ(counters.Update(), 1);
+    PERFORMANCE_INFORMATION performance{};
+    ASSERT_TRUE(GetPerformanceInfo(&performance, sizeof performance));
+    EXPECT_EQ(counters.GetCommitChargeLimitKB(),
+              static_cast<unsigned>(performance.CommitLimit * performance.PageSize / 1024));
+    EXPECT_GT(counters.GetCommitChargeTotalKB(), 0u);
+    EXPECT_LE(counters.GetCommitChargeTotalKB(), counters.GetCommitChargeLimitKB());
+    EXPECT_LE(counters.GetPhysicalMemorySystemCacheKB(), counters.GetPhysicalMemoryTotalKB());
+}
+
+TEST_F(SysPerfInfoTest, ProcessCountAsTheSystemsProcessList) {
+    // Processes come and go between two readings: agree within a few tries.
+    bool agreed = false;
+    for (int attempt = 0; attempt < 10 && !agreed; ++attempt) {
+        const long before = CountSystemProcesses();
+        counters.Update();
+        const long after = CountSystemProcesses();
+        agreed = before == after && static_cast<long>(counters.GetProcessCount()) == after;
+    }
+    EXPECT_TRUE(agreed) << counters.GetProcessCount() << " against " << CountSystemProcesses();
+}
+
+TEST_F(SysPerfInfoTest, CpuUsageRisesWhileAChildBurns) {
+    lmvx_test::ChildProcess child(L"burn 3000");
+    ASSERT_TRUE(child.Started());
+    counters.Update();
+    double highest = 0, highestSystem = 0;
+    for (int i = 0; i < 10 && child.IsRunning(); ++i) {
+        Sleep(200);
+        counters.Update();
+        highest = std::max(highest, counters.GetCPUUsage());
+        highestSystem = std::max(highestSystem, counters.GetSystemCPUUsage());
+        EXPECT_LE(counters.GetCPUUsage(), 100.0);
+        EXPECT_LE(counters.GetSystemCPUUsage(), counters.GetCPUUsage());
+    }
+    EXPECT_GT(highest, 0.0);
+    EXPECT_GE(highestSystem, 0.0);
+}
+
+TEST(PerfMonSource, OneSourceForTheWholeProcess) {
+    kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
+    ASSERT_NE(source, nullptr);
+    EXPECT_EQ(source, kestrel::GetGlobalPerfMonSourcePtr());
+}
+
+TEST(PerfMonSource, FiguresAsTheCountersObject) {
+    kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
+    ASSERT_EQ(source->SetUpdateInterval(0, 0), 1);   // every read takes a new reading
+    kestrel::_SYSPERFINFO counters;
+    ASSERT_EQ(counters.Init(), 1);
+    bool agreed = false;
+    for (int attempt = 0; attempt < 10 && !agreed; ++attempt) {
+        counters.Update();
+        agreed = source->GetSystemProcessCount() == counters.GetProcessCount();
+    }
+    EXPECT_TRUE(agreed);
+    EXPECT_GT(source->GetSystemCommitChargeTotalKB(), 0u);
+    EXPECT_LE(source->GetSystemCommitChargeTotalKB(), counters.GetCommitChargeLimitKB());
+    EXPECT_LE(source->GetSystemProcessorUsage(), 100u);
+    counters.Delete();
+    source->SetUpdateInterval(1000, 500);
+}
+
+TEST(PerfMonSource, ReadersWithinTheMinimumAgeShareOneReading) {
+    kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
+    source->SetUpdateInterval(600000, 300000);
+    const unsigned first = source->GetSystemProcessCount();
+    lmvx_test::ChildProcess child(L"sleep 60000");   // the list grows, but the reading is not renewed
+    ASSERT_TRUE(child.Started());
+    EXPECT_EQ(source->GetSystemProcessCount(), first);
+    source->SetUpdateInterval(0, 0);
+    bool sawChild = false;
+    for (int attempt = 0; attempt < 10 && !sawChild; ++attempt) sawChild = source->GetSystemProcessCount() > first;
+    EXPECT_TRUE(sawChild);
+    source->SetUpdateInterval(1000, 500);
+}
+
+}  // namespace
