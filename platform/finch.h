@@ -94,3 +94,29 @@ FINCH_API const wchar_t* APIP_GetErrorCodeStr(DWORD code);
 // bytes. The result is always zero-terminated and cut on overflow. Returns the characters written.
 FINCH_API int APIP_FormatString(wchar_t* buffer, size_t bufferBytes, const wchar_t* format, ...);
 FINCH_API int APIP_FormatStringV(wchar_t* buffer, size_t bufferBytes, const wchar_t* format, va_list args);
+
+// ---- Notification-area icon ----
+// One icon of an owner window in the taskbar's notification area, with a tip and a callback message
+// (the owner receives callbackMessage with the icon id in wParam and the mouse message in lParam).
+// Without a notification area Show() fails and the program runs on; the icon adds itself again when the
+// taskbar is created anew ("TaskbarCreated"), as long as it is meant to be shown. Init, Show and Delete
+// run on the owner's thread; SetIcon may come from any thread. The caller keeps the icons alive.
+class FINCH_API UIP_SYSTRAYICON {
+public:
+    UIP_SYSTRAYICON();
+    ~UIP_SYSTRAYICON();   // removes the icon
+    UIP_SYSTRAYICON(const UIP_SYSTRAYICON&) = delete;
+    UIP_SYSTRAYICON& operator=(const UIP_SYSTRAYICON&) = delete;
+
+    int Init(HWND owner, HICON icon, const wchar_t* tip, int id, UINT callbackMessage);
+    int Show();                 // adds the icon, or brings the shell's copy up to date
+    int SetIcon(HICON icon);    // a removed icon only keeps the picture for the next Show()
+    int Delete();               // removes the icon
+    int IsShown() const;        // the shell holds the icon now
+    HICON GetIcon() const;
+    HWND GetTaskbarListener() const;   // the hidden window that hears "TaskbarCreated"
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};

@@ -1,0 +1,109 @@
+// The notification-area icon object against the real shell of a Wine desktop with a taskbar.
+#include <windows.h>
+#include <shellapi.h>
+
+#include <gtest/gtest.h>
+
+#include "finch.h"
+#include "tests/perfui/wine_desktop.h"
+
+namespace {
+
+constexpr UINT kCallback = 4500;
+constexpr int kIconId = 1035;
+
+// Asks the shell directly whether it holds the icon: changing an icon it does not know fails.
+bool ShellHoldsIcon(HWND owner, int id) {
+    NOTIFYICONDATAW data{};
+    data.cbSize = sizeof(data);
+    data.hWnd = owner;
+    data.uID = static_cast<UINT>(id);
+    data.uFlags = NIF_TIP;
+    lstrcpynW(data.szTip, L"probe", ARRAYSIZE(data.szTip));
+    return Shell_NotifyIconW(NIM_MODIFY, &data) != FALSE;
+}
+
+class SysTrayIcon : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(lmvx::test::HasNotificationArea()) << "the test runs inside a Wine desktop with a taskbar";
+        owner_ = CreateWindowExW(0, L"STATIC", L"tray owner", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr,
+                                 nullptr);
+        ASSERT_NE(owner_, nullptr);
+        icon_ = LoadIconW(nullptr, IDI_APPLICATION);
+        other_ = LoadIconW(nullptr, IDI_INFORMATION);
+    }
+    void TearDown() override {
+        if (owner_) DestroyWindow(owner_);
+    }
+    HWND owner_ = nullptr;
+    HICON icon_ = nullptr;
+    HICON other_ = nullptr;
+};
+
+TEST_F(SysTrayIcon, ShowAddsTheIconAndDeleteRemovesIt) {
+    UIP_SYSTRAYICON tray;
+    ASSERT_EQ(tray.Init(owner_, icon_, L"Lumivex 2008", kIconId, kCallback), 1);
+    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
+    EXPECT_EQ(tray.Show(), 1);
+    EXPECT_EQ(tray.IsShown(), 1);
+    EXPECT_TRUE(ShellHoldsIcon(owner_, kIconId));
+    EXPECT_EQ(tray.Show(), 1) << "a second Show brings the shown icon up to date";
+    EXPECT_EQ(tray.Delete(), 1);
+    EXPECT_EQ(tray.IsShown(), 0);
+    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
+}
+
+TEST_F(SysTrayIcon, TheTipReachesTheShell) {
+    UIP_SYSTRAYICON tray;
+    ASSERT_EQ(tray.Init(owner_, icon_, L"Lumivex 2008", kIconId, kCallback), 1);
+    ASSERT_EQ(tray.Show(), 1);
+    EXPECT_TRUE(lmvx::test::WaitForTrayTip(L"Lumivex 2008", 3000));
+    tray.Delete();
+}
+
+TEST_F(SysTrayIcon, ADeletedIconKeepsThePictureForTheNextShow) {
+    UIP_SYSTRAYICON tray;
+    ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
+    EXPECT_EQ(tray.SetIcon(other_), 1);
+    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
+    EXPECT_EQ(tray.GetIcon(), other_);
+    ASSERT_EQ(tray.Show(), 1);
+    EXPECT_EQ(tray.SetIcon(icon_), 1);
+    EXPECT_EQ(tray.GetIcon(), icon_);
+}
+
+TEST_F(SysTrayIcon, ComesBackWhenTheTaskbarIsCreatedAgain) {
+    UIP_SYSTRAYICON tray;
+    ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
+    ASSERT_EQ(tray.Show(), 1);
+    // What a restarted shell sees: none of the old icons, then the broadcast.
+    NOTIFYICONDATAW data{};
+    data.cbSize = sizeof(data);
+    data.hWnd = owner_;
+    data.uID = kIconId;
+    ASSERT_TRUE(Shell_NotifyIconW(NIM_DELETE, &data));
+    ASSERT_NE(tray.GetTaskbarListener(), nullptr);
+    SendMessageW(tray.GetTaskbarListener(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    EXPECT_TRUE(ShellHoldsIcon(owner_, kIconId));
+    EXPECT_EQ(tray.IsShown(), 1);
+}
+
+TEST_F(SysTrayIcon, ADeletedIconStaysAwayWhenTheTaskbarIsCreatedAgain) {
+    UIP_SYSTRAYICON tray;
+    ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
+    ASSERT_EQ(tray.Show(), 1);
+    ASSERT_EQ(tray.Delete(), 1);
+    SendMessageW(tray.GetTaskbarListener(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
+}
+
+TEST(SysTrayIconWithoutOwner, InitFailsForNoWindow) {
+    UIP_SYSTRAYICON tray;
+    EXPECT_EQ(tray.Init(nullptr, nullptr, L"tip", kIconId, kCallback), 0);
+    EXPECT_EQ(tray.Show(), 0);
+    EXPECT_EQ(tray.SetIcon(nullptr), 1);
+    EXPECT_EQ(tray.Delete(), 1);
+}
+
+}  // namespace
