@@ -85,11 +85,28 @@ int WaitVerb(Arguments arguments) {
     return 0;
 }
 
+// note <file> <ms> [anything...]: writes its own command line (UTF-16) to the file, then idles for ms.
+int NoteVerb(Arguments arguments) {
+    DWORD milliseconds = 0;
+    if (arguments.size() < 2 || !ReadMilliseconds(arguments.subspan(1), milliseconds)) return ExitUsage;
+    const wchar_t* commandLine = GetCommandLineW();
+    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
+    DWORD written = 0;
+    const BOOL wrote = WriteFile(file, commandLine, static_cast<DWORD>(std::wcslen(commandLine) * sizeof(wchar_t)),
+                                 &written, nullptr);
+    CloseHandle(file);
+    if (!wrote) return ExitFailed;
+    Sleep(milliseconds);
+    return 0;
+}
+
 constexpr VerbEntry VerbTable[] = {
     {L"sleep", SleepVerb, L"sleep <ms>"},
     {L"burn", BurnVerb, L"burn <ms>"},
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
+    {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
 };
 
 }  // namespace

@@ -1,0 +1,33 @@
+// What the details pane keeps for its life; the pointer lives in the pane's user data.
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+#include "app/unique_handle.h"
+#include "kestrel.h"
+#include "mainwnd/details_pane.h"
+
+namespace lmvx {
+
+struct DetailsPaneContext {
+    HWND pane = nullptr;
+    HWND mainWindow = nullptr;
+    HWND processList = nullptr;
+    const kestrel::TL_PROCESSLIST* provider = nullptr;
+    PaneActions actions;
+    UniqueIcon processIcon;     // a copy: the provider's icons live only until its next update
+    std::wstring noteName;      // value name of the note in the edit
+    UniqueGdiObject linkFont;   // underlined dialog font of the priority link
+};
+
+DetailsPaneContext* PaneContextOf(HWND pane);
+
+// Fills the views for the process in the hidden PID field (the views of details_pane_view.cpp).
+void RefreshPaneViews(DetailsPaneContext& context, bool processChanged);
+// Paints the small CPU and memory graph of the shown process into the owner-drawn static.
+void DrawPaneGraph(const DetailsPaneContext& context, const DRAWITEMSTRUCT& item);
+// A push button with its small icon and text, for when no painter was handed in.
+void DrawPlainPaneButton(const DRAWITEMSTRUCT& item);
+
+}  // namespace lmvx

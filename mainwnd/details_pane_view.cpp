@@ -1,0 +1,100 @@
+// What the details pane shows of its process: icon, names, path, priority, note and the small graph.
+#include <string>
+
+#include "mainwnd/details_pane_context.h"
+#include "mainwnd/details_pane_ids.h"
+#include "mainwnd/details_pane_notes.h"
+#include "resource.h"
+#include "wren.h"
+
+namespace lmvx {
+namespace {
+
+constexpr COLORREF kCpuColour = RGB(0, 200, 0);
+constexpr COLORREF kMemoryColour = RGB(255, 200, 0);
+constexpr COLORREF kMemoryFill = RGB(96, 80, 0);
+
+void ShowTexts(HWND pane, const wchar_t* name, const wchar_t* company, const wchar_t* path, const wchar_t* priority) {
+    wren::SetDlgItemTextW(pane, IDC_PANE_NAME, name);
+    wren::SetDlgItemTextW(pane, IDC_PANE_SECOND_LINE, company);
+    wren::SetDlgItemTextW(pane, IDC_PANE_PATH, path);
+    wren::SetDlgItemTextW(pane, IDC_PANE_PRIORITY_LINK, priority);
+}
+
+void ShowProcessIcon(DetailsPaneContext& context, HICON providerIcon) {
+    // The provider's icon lives only until its next update, so the pane shows a copy of its own.
+    UniqueIcon copy(providerIcon ? CopyIcon(providerIcon) : nullptr);
+    SendDlgItemMessageW(context.pane, IDC_PANE_PROCESS_ICON, STM_SETICON, reinterpret_cast<WPARAM>(copy.Get()), 0);
+    context.processIcon = std::move(copy);
+}
+
+void ShowNoteOf(DetailsPaneContext& context, const wchar_t* imageName) {
+    context.noteName = NoteValueName(imageName ? imageName : L"");
+    HWND notes = GetDlgItem(context.pane, IDC_PANE_NOTES);
+    LoadNoteIntoEdit(notes, context.noteName);
+    EnableWindow(notes, !context.noteName.empty());
+}
+
+}  // namespace
+
+void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
+    const kestrel::TL_PROCESSLIST& provider = *context.provider;
+    const unsigned pid = GetDlgItemInt(context.pane, IDC_PANE_SHOWN_PID, nullptr, FALSE);
+    const int item = provider.GetItemByPID(pid);
+    InvalidateRect(GetDlgItem(context.pane, IDC_PANE_GRAPH), nullptr, FALSE);
+    if (item < 0) {
+        // A process that has ended keeps its last view until another one is selected.
+        if (processChanged) {
+            ShowTexts(context.pane, L"", L"", L"", L"");
+            ShowProcessIcon(context, nullptr);
+            ShowNoteOf(context, L"");
+        }
+        return;
+    }
+    const unsigned priority = provider.GetItemProcessPriority(item);
+    const wchar_t* priorityText = context.actions.priorityName ? context.actions.priorityName(priority) : L"";
+    ShowTexts(context.pane, provider.GetItemImageName(item), provider.GetItemInfoCompanyName(item),
+              provider.GetItemPathName(item), priorityText);
+    if (processChanged) {
+        ShowProcessIcon(context, provider.GetItemIcon(item));
+        ShowNoteOf(context, provider.GetItemImageName(item));
+    }
+}
+
+void DrawPaneGraph(const DetailsPaneContext& context, const DRAWITEMSTRUCT& item) {
+    const unsigned pid = GetDlgItemInt(context.pane, IDC_PANE_SHOWN_PID, nullptr, FALSE);
+    wren::PERFGRAPH* graph = context.actions.historyGraph && pid ? context.actions.historyGraph(pid) : nullptr;
+    RECT area = item.rcItem;
+    if (graph && graph->RenderOpen(item.hwndItem, item.hDC, 0)) {
+        graph->RenderFill(kMemoryFill, 1);
+        graph->RenderGrid();
+        graph->RenderLine(kMemoryColour, 1);
+        graph->RenderLine(kCpuColour, 0);
+        graph->RenderClose();
+    } else {
+        FillRect(item.hDC, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    }
+    DrawEdge(item.hDC, &area, BDR_SUNKENOUTER, BF_RECT);
+}
+
+void DrawPlainPaneButton(const DRAWITEMSTRUCT& item) {
+    RECT area = item.rcItem;
+    const bool pushed = (item.itemState & ODS_SELECTED) != 0;
+    DrawFrameControl(item.hDC, &area, DFC_BUTTON, DFCS_BUTTONPUSH | (pushed ? DFCS_PUSHED : 0));
+    HICON icon = reinterpret_cast<HICON>(SendMessageW(item.hwndItem, WM_GETICON, ICON_SMALL, 0));
+    const int iconTop = (area.top + area.bottom - 16) / 2;
+    if (icon) DrawIconEx(item.hDC, area.left + 6, iconTop, icon, 16, 16, 0, nullptr, DI_NORMAL);
+    wchar_t text[128] = {};
+    GetWindowTextW(item.hwndItem, text, 128);
+    RECT textArea{area.left + 6 + 16 + 6, area.top, area.right - 6, area.bottom};
+    SetBkMode(item.hDC, TRANSPARENT);
+    const bool disabled = (item.itemState & ODS_DISABLED) != 0;
+    SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+    DrawTextW(item.hDC, text, -1, &textArea, DT_SINGLELINE | DT_VCENTER | DT_LEFT | DT_END_ELLIPSIS);
+    if (item.itemState & ODS_FOCUS) {
+        InflateRect(&area, -3, -3);
+        DrawFocusRect(item.hDC, &area);
+    }
+}
+
+}  // namespace lmvx

@@ -1,0 +1,149 @@
+// Pure rules of the details pane, the Run dialog and the toolbar.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <shellapi.h>
+
+#include <set>
+#include <string>
+
+#include "mainwnd/details_pane_commands.h"
+#include "mainwnd/details_pane_notes.h"
+#include "mainwnd/details_pane_restart.h"
+#include "perf/toolbar_buttons.h"
+#include "resource.h"
+#include "run/run_command.h"
+#include "run/run_mru.h"
+
+namespace lmvx {
+namespace {
+
+TEST(PaneCommandRouting, ActsOnTheShownProcessForTheseCommands) {
+    for (unsigned command : {IDM_TERMINATE_PROCESS, IDM_OPEN_CONTAINING_FOLDER, IDM_PROPERTIES, IDM_PANE_PRIORITY_LINK,
+                             IDM_PRIORITY_REALTIME, IDM_PRIORITY_HIGH, IDM_PRIORITY_ABOVE_NORMAL, IDM_PRIORITY_NORMAL,
+                             IDM_PRIORITY_BELOW_NORMAL, IDM_PRIORITY_IDLE, IDM_PAUSE_PROCESS, IDM_RESUME_PROCESS})
+        EXPECT_EQ(RoutePaneCommand(command).target, PaneTarget::Shown) << command;
+}
+
+TEST(PaneCommandRouting, ActsOnTheSelectedProcessForTheseCommands) {
+    for (unsigned command : {IDM_PAGE_OUT_PROCESS, IDM_MEMORY_VIEWER, IDM_NETWORK_CONNECTIONS, IDM_RESTART_PROCESS,
+                             IDM_KERNEL_OBJECTS, IDM_PANE_WINDOWS})
+        EXPECT_EQ(RoutePaneCommand(command).target, PaneTarget::Selected) << command;
+}
+
+TEST(PaneCommandRouting, NamesTheActionOfEachCommand) {
+    EXPECT_EQ(RoutePaneCommand(IDM_EXIT).action, PaneAction::EndPage);
+    EXPECT_EQ(RoutePaneCommand(IDM_EXIT_ALT).action, PaneAction::EndPage);
+    EXPECT_EQ(RoutePaneCommand(IDM_TERMINATE_PROCESS).action, PaneAction::Terminate);
+    EXPECT_EQ(RoutePaneCommand(IDM_RESUME_PROCESS).action, PaneAction::TogglePause);
+    EXPECT_EQ(RoutePaneCommand(IDM_PAUSE_PROCESS).action, PaneAction::TogglePause);
+    EXPECT_EQ(RoutePaneCommand(IDM_PRIORITY_IDLE).action, PaneAction::SetPriority);
+    EXPECT_EQ(RoutePaneCommand(IDM_RESTART_PROCESS).action, PaneAction::Restart);
+    EXPECT_EQ(RoutePaneCommand(IDM_PANE_PRIORITY_LINK).action, PaneAction::PriorityMenu);
+    EXPECT_EQ(RoutePaneCommand(IDM_PANE_WINDOWS).action, PaneAction::WindowsMenu);
+    EXPECT_EQ(RoutePaneCommand(IDM_KERNEL_OBJECTS).action, PaneAction::KernelObjects);
+}
+
+TEST(PaneCommandRouting, IgnoresEveryOtherCommand) {
+    // 201 is no priority, 207 ("Paused") and the third icon button have no action in the pane.
+    for (unsigned command : {0u, 4u, 132u, 141u, 201u, 207u, 224u, 225u, 5001u})
+        EXPECT_EQ(RoutePaneCommand(command).action, PaneAction::Ignore) << command;
+}
+
+TEST(RestartCommandLine, KeepsAShortLineAsItIs) {
+    EXPECT_EQ(RestartCommandLine(L"\"C:\\a b\\x.exe\" -n 5"), L"\"C:\\a b\\x.exe\" -n 5");
+}
+
+TEST(RestartCommandLine, CutsALongLineTo511Characters) {
+    const std::wstring line = L"prog.exe " + std::wstring(700, L'x');
+    const std::wstring kept = RestartCommandLine(line.c_str());
+    EXPECT_EQ(kept.size(), 511u);
+    EXPECT_EQ(kept, line.substr(0, 511));
+    EXPECT_EQ(RestartCommandLine(line.substr(0, 511).c_str()).size(), 511u);
+    EXPECT_EQ(RestartCommandLine(line.substr(0, 512).c_str()).size(), 511u);
+}
+
+TEST(RestartCommandLine, IsEmptyWithoutALine) {
+    EXPECT_EQ(RestartCommandLine(L""), L"");
+    EXPECT_EQ(RestartCommandLine(nullptr), L"");
+}
+
+TEST(NoteValueName, IsTheImageFileName) {
+    EXPECT_EQ(NoteValueName(L"C:\\Windows\\notepad.exe"), L"notepad.exe");
+    EXPECT_EQ(NoteValueName(L"Z:/work/bin/lmvx64.exe"), L"lmvx64.exe");
+    EXPECT_EQ(NoteValueName(L"explorer.exe"), L"explorer.exe");
+    EXPECT_EQ(NoteValueName(L""), L"");
+}
+
+TEST(RunMru, ListsACommandWithoutItsSuffix) {
+    EXPECT_EQ(RunMruListEntry(L"a", REG_SZ, L"cmd\\1"), L"cmd");
+    EXPECT_EQ(RunMruListEntry(L"b", REG_SZ, L"C:\\tools\\x.exe\\1"), L"C:\\tools\\x.exe");
+}
+
+TEST(RunMru, KeepsACommandWithoutSuffix) {
+    EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L"notepad"), L"notepad");
+    EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L"C:\\"), L"C:\\");   // the backslash is last, not second to last
+    EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L""), L"");
+}
+
+TEST(RunMru, SkipsTheOrderingValueAndOtherTypes) {
+    EXPECT_FALSE(RunMruListEntry(L"MRUList", REG_SZ, L"ba"));
+    EXPECT_FALSE(RunMruListEntry(L"a", REG_EXPAND_SZ, L"cmd\\1"));
+    EXPECT_FALSE(RunMruListEntry(L"a", REG_BINARY, L"cmd\\1"));
+    EXPECT_FALSE(RunMruListEntry(L"", REG_SZ, L"cmd\\1"));
+}
+
+TEST(RunCommand, UsesRunasOnlyForTheElevatedChoice) {
+    EXPECT_EQ(RunVerb(true), nullptr);
+    EXPECT_STREQ(RunVerb(false), L"runas");
+}
+
+TEST(RunCommand, ShellResultsUpTo32AreFailures) {
+    EXPECT_TRUE(IsShellExecuteFailure(0));
+    EXPECT_TRUE(IsShellExecuteFailure(SE_ERR_FNF));
+    EXPECT_TRUE(IsShellExecuteFailure(32));
+    EXPECT_FALSE(IsShellExecuteFailure(33));
+}
+
+TEST(RunCommand, SystemMessageHasNoTrailingLineBreak) {
+    const std::wstring text = SystemMessageText(ERROR_FILE_NOT_FOUND);
+    ASSERT_FALSE(text.empty());
+    EXPECT_NE(text.back(), L'\n');
+    EXPECT_LE(text.size(), 256u);
+}
+
+TEST(ToolbarTable, HasEighteenButtonsWithSeparatorsAtTwoElevenAndFifteen) {
+    std::set<size_t> separators;
+    for (size_t i = 0; i < kToolbarButtons.size(); ++i)
+        if (kToolbarButtons[i].image == kToolbarSeparator) separators.insert(i);
+    EXPECT_EQ(separators, (std::set<size_t>{2, 11, 15}));
+}
+
+TEST(ToolbarTable, UsesEveryImageOnceInOrder) {
+    int expected = 0;
+    for (const ToolbarButtonSpec& button : kToolbarButtons) {
+        if (button.image == kToolbarSeparator) continue;
+        EXPECT_EQ(button.image, expected++);
+    }
+    EXPECT_EQ(expected, static_cast<int>(kToolbarImageIcons.size()));
+    EXPECT_EQ(std::set<unsigned short>(kToolbarImageIcons.begin(), kToolbarImageIcons.end()).size(), 15u);
+}
+
+TEST(ToolbarTable, SendsTheMenuCommandsWithBothTexts) {
+    std::set<unsigned> commands;
+    for (const ToolbarButtonSpec& button : kToolbarButtons) {
+        if (button.image == kToolbarSeparator) continue;
+        commands.insert(button.command);
+        EXPECT_NE(std::wstring(button.english), L"");
+        EXPECT_NE(std::wstring(button.german), L"");
+    }
+    EXPECT_EQ(commands, (std::set<unsigned>{IDM_RUN, IDM_KEEP_IN_FOREGROUND, IDM_PAGE_OUT_PROCESS, IDM_PAUSE_PROCESS,
+                                            IDM_CLOSE_WINDOW, IDM_BRING_TO_FRONT, IDM_OPEN_CONTAINING_FOLDER,
+                                            IDM_TERMINATE_PROCESS, IDM_RESTART_PROCESS, IDM_PROPERTIES,
+                                            IDM_TOOL_PULSEWRIGHT, IDM_TOOL_HEAPWRIGHT, IDM_OPTIONS, IDM_WEBSITE, IDM_HELP}));
+    EXPECT_STREQ(kToolbarButtons[8].english, L"Terminate Process");
+    EXPECT_STREQ(kToolbarButtons[8].german, L"Prozess abbrechen");
+}
+
+}  // namespace
+}  // namespace lmvx

@@ -1,0 +1,143 @@
+// The Run dialog on its own thread: labels at start, an empty line keeps it open, a start of a real program,
+// a failing start with its warning, and recent commands that (intentionally) never show.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+#include "app/unique_handle.h"
+#include "finch.h"
+#include "pane_test_environment.h"
+#include "resource.h"
+#include "run/run_dialog.h"
+#include "run/run_mru.h"
+#include "child_process.h"
+
+namespace {
+
+std::wstring Caption() { return UIL_LangModule.GetLangString(IDS_RUN_CAPTION); }
+
+std::wstring ItemText(HWND dialog, int id) {
+    wchar_t text[1024] = {};
+    GetDlgItemTextW(dialog, id, text, 1024);
+    return text;
+}
+
+// Opens the dialog over host on this thread; driver runs on another thread with the dialog once it shows.
+void RunDialogWith(HWND host, const std::function<void(HWND dialog)>& driver) {
+    std::thread driving([&] {
+        bool found = pane_test::WaitForOwnWindow(Caption(), 20000, driver, host);
+        EXPECT_TRUE(found);
+    });
+    lmvx::OpenRunDialog(host);
+    driving.join();
+}
+
+void TypeAndPressOk(HWND dialog, const std::wstring& command) {
+    SendMessageW(GetDlgItem(dialog, IDC_RUN_COMMAND), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(command.c_str()));
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+}
+
+class RunDialogTest : public ::testing::Test {
+protected:
+    pane_test::HostWindow host;
+};
+
+TEST_F(RunDialogTest, LabelsTheChoicesAndChecksTheCurrentUser) {
+    std::wstring currentUser, elevated;
+    bool checked = false;
+    RunDialogWith(host.Get(), [&](HWND dialog) {
+        currentUser = ItemText(dialog, IDC_RUN_AS_CURRENT_USER);
+        elevated = ItemText(dialog, IDC_RUN_AS_ADMINISTRATOR);
+        checked = IsDlgButtonChecked(dialog, IDC_RUN_AS_CURRENT_USER) == BST_CHECKED;
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    wchar_t user[256] = {};
+    DWORD length = 256;
+    ASSERT_TRUE(GetUserNameW(user, &length));
+    EXPECT_EQ(currentUser, L"Run as current user. (" + std::wstring(user) + L")");
+    EXPECT_EQ(elevated, L"Run as Administrator.");
+    EXPECT_TRUE(checked);
+}
+
+TEST_F(RunDialogTest, OkWithAnEmptyLineLeavesTheDialogOpen) {
+    bool stillOpen = false;
+    RunDialogWith(host.Get(), [&](HWND dialog) {
+        TypeAndPressOk(dialog, L"");
+        stillOpen = IsWindow(dialog) && IsWindowVisible(dialog);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_TRUE(stillOpen);
+}
+
+TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
+    // A batch file lets the shell start the child with arguments; the child writes the marker file.
+    const std::wstring folder = pane_test::TestTempFolder();
+    const std::wstring marker = folder + L"lmvx_run_marker.txt";
+    const std::wstring script = folder + L"lmvx_run_test.bat";
+    DeleteFileW(marker.c_str());
+    {
+        const std::wstring helper = lmvx_test::ChildProcess::HelperPath();
+        const std::wstring wide = L"@\"" + helper + L"\" note \"" + marker + L"\" 0\r\n";
+        std::string line;
+        for (wchar_t c : wide) line.push_back(static_cast<char>(c));   // the paths are plain ASCII
+        lmvx::UniqueHandle file(CreateFileW(script.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        ASSERT_NE(file.Get(), INVALID_HANDLE_VALUE);
+        DWORD written = 0;
+        WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+    }
+    bool closed = false;
+    RunDialogWith(host.Get(), [&](HWND dialog) {
+        TypeAndPressOk(dialog, script);
+        closed = pane_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
+    });
+    EXPECT_TRUE(closed);
+    EXPECT_TRUE(pane_test::PumpUntil([&] { return !pane_test::ReadWholeFile(marker).empty(); }, 30000));
+    DeleteFileW(marker.c_str());
+    DeleteFileW(script.c_str());
+}
+
+TEST_F(RunDialogTest, AFailingStartWarnsAndCloses) {
+    std::wstring boxTexts;
+    bool closed = false;
+    RunDialogWith(host.Get(), [&](HWND dialog) {
+        std::thread closer([&] {
+            pane_test::WaitForOwnWindow(Caption(), 20000, [&](HWND box) {
+                boxTexts = pane_test::ChildTexts(box);
+                PostMessageW(box, WM_COMMAND, IDOK, 0);
+            }, dialog);
+        });
+        TypeAndPressOk(dialog, L"C:\\no such folder\\no such program.exe");
+        closer.join();
+        closed = pane_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
+    });
+    EXPECT_TRUE(closed);
+    EXPECT_NE(boxTexts.find(UIL_LangModule.GetLangString(IDS_ERR_RUN_COMMAND)), std::wstring::npos);
+}
+
+TEST_F(RunDialogTest, RecentCommandsNeverReachTheCommandBox) {
+    lmvx::UniqueRegKey runMru;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, lmvx::kRunMruKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, runMru.Put(),
+                              nullptr),
+              ERROR_SUCCESS);
+    const wchar_t command[] = L"lmvx_recent_command\\1";
+    const wchar_t order[] = L"z";
+    RegSetValueExW(runMru.Get(), L"z", 0, REG_SZ, reinterpret_cast<const BYTE*>(command), sizeof(command));
+    RegSetValueExW(runMru.Get(), L"MRUList", 0, REG_SZ, reinterpret_cast<const BYTE*>(order), sizeof(order));
+    EXPECT_EQ(lmvx::ReadRunMruEntries(runMru.Get()).back(), L"lmvx_recent_command");
+
+    LRESULT items = -1;
+    std::wstring text = L"?";
+    RunDialogWith(host.Get(), [&](HWND dialog) {
+        items = SendDlgItemMessageW(dialog, IDC_RUN_COMMAND, CB_GETCOUNT, 0, 0);
+        text = ItemText(dialog, IDC_RUN_COMMAND);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    RegDeleteValueW(runMru.Get(), L"z");
+    RegDeleteValueW(runMru.Get(), L"MRUList");
+    // They go to control 1003, which the dialog does not have: intended.
+    EXPECT_EQ(items, 0);
+    EXPECT_EQ(text, L"");
+}
+
+}  // namespace

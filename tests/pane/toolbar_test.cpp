@@ -1,0 +1,123 @@
+// The toolbar on a real window: its buttons, icons, and tooltips in the current language, never texts
+// beside the icons.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+
+#include "finch.h"
+#include "pane_test_environment.h"
+#include "perf/toolbar.h"
+#include "perf/toolbar_buttons.h"
+#include "wren.h"
+
+namespace {
+
+using lmvx::kToolbarButtons;
+
+// What the toolbar answers its tooltip for a button, as when the mouse rests on it.
+std::wstring TooltipText(HWND toolbar, unsigned command) {
+    NMTTDISPINFOW info{};
+    info.hdr.hwndFrom = reinterpret_cast<HWND>(SendMessageW(toolbar, TB_GETTOOLTIPS, 0, 0));
+    info.hdr.idFrom = command;
+    info.hdr.code = TTN_GETDISPINFOW;
+    info.lpszText = info.szText;   // where a toolbar may copy the text
+    SendMessageW(toolbar, WM_NOTIFY, command, reinterpret_cast<LPARAM>(&info));
+    if (info.lpszText && !IS_INTRESOURCE(info.lpszText)) return info.lpszText;
+    return info.szText;
+}
+
+class ToolbarTest : public ::testing::Test {
+protected:
+    void TearDown() override {
+        wren::SetCurrentLangID(UIL_LANGMODULE::English);
+        UIL_LangModule.SelectLanguage(UIL_LANGMODULE::English);
+    }
+    pane_test::HostWindow host;
+    lmvx::Toolbar toolbar;
+};
+
+TEST_F(ToolbarTest, HasEighteenButtonsWithFifteenImages) {
+    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    EXPECT_TRUE(GetWindowLongPtrW(toolbar.window, GWL_STYLE) & WS_VISIBLE);
+    EXPECT_EQ(SendMessageW(toolbar.window, TB_BUTTONCOUNT, 0, 0), static_cast<LRESULT>(kToolbarButtons.size()));
+    EXPECT_EQ(ImageList_GetImageCount(toolbar.images.Get()), 15);
+    for (size_t i = 0; i < kToolbarButtons.size(); ++i) {
+        TBBUTTON button{};
+        ASSERT_TRUE(SendMessageW(toolbar.window, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button)));
+        if (kToolbarButtons[i].image == lmvx::kToolbarSeparator) {
+            EXPECT_TRUE(button.fsStyle & BTNS_SEP) << i;
+            continue;
+        }
+        EXPECT_EQ(button.idCommand, static_cast<int>(kToolbarButtons[i].command)) << i;
+        EXPECT_EQ(button.iBitmap, kToolbarButtons[i].image) << i;
+        EXPECT_TRUE(button.fsState & TBSTATE_ENABLED) << i;
+        EXPECT_FALSE(button.fsStyle & BTNS_SHOWTEXT) << i;
+    }
+}
+
+TEST_F(ToolbarTest, ImagesAreTheSharedIconsNotBlanks) {
+    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    for (int image = 0; image < 15; ++image) {
+        IMAGEINFO info{};
+        ASSERT_TRUE(ImageList_GetImageInfo(toolbar.images.Get(), image, &info)) << image;
+    }
+    // Two different icons give two different pictures.
+    auto pixelsOf = [&](int image) {
+        HDC screen = GetDC(nullptr);
+        HDC dc = CreateCompatibleDC(screen);
+        HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
+        HGDIOBJ old = SelectObject(dc, bitmap);
+        RECT all{0, 0, 16, 16};
+        FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        ImageList_Draw(toolbar.images.Get(), image, dc, 0, 0, ILD_NORMAL);
+        std::wstring pixels;
+        for (int y = 0; y < 16; ++y)
+            for (int x = 0; x < 16; ++x) pixels += static_cast<wchar_t>(GetPixel(dc, x, y) & 0xFFFF);
+        SelectObject(dc, old);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+        ReleaseDC(nullptr, screen);
+        return pixels;
+    };
+    EXPECT_NE(pixelsOf(0), pixelsOf(7));
+    EXPECT_NE(pixelsOf(3), pixelsOf(14));
+}
+
+TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInEnglish) {
+    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    for (const auto& spec : kToolbarButtons) {
+        if (spec.image == lmvx::kToolbarSeparator) continue;
+        EXPECT_EQ(TooltipText(toolbar.window, spec.command), spec.english) << spec.command;
+    }
+}
+
+TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInGerman) {
+    wren::SetCurrentLangID(UIL_LANGMODULE::German);
+    UIL_LangModule.SelectLanguage(UIL_LANGMODULE::German);
+    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    for (const auto& spec : kToolbarButtons) {
+        if (spec.image == lmvx::kToolbarSeparator) continue;
+        EXPECT_EQ(TooltipText(toolbar.window, spec.command), spec.german) << spec.command;
+    }
+}
+
+TEST_F(ToolbarTest, NoButtonShowsItsTextBesideTheIcon) {
+    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    HDC dc = GetDC(toolbar.window);
+    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(toolbar.window, WM_GETFONT, 0, 0)));
+    for (size_t i = 0; i < kToolbarButtons.size(); ++i) {
+        if (kToolbarButtons[i].image == lmvx::kToolbarSeparator) continue;
+        RECT button{};
+        ASSERT_TRUE(SendMessageW(toolbar.window, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&button)));
+        SIZE text{};
+        GetTextExtentPoint32W(dc, kToolbarButtons[i].english, lstrlenW(kToolbarButtons[i].english), &text);
+        EXPECT_LT(button.right - button.left, 16 + text.cx) << kToolbarButtons[i].english;
+    }
+    SelectObject(dc, old);
+    ReleaseDC(toolbar.window, dc);
+}
+
+}  // namespace
