@@ -1,0 +1,118 @@
+#include "mainwnd/process_windows.h"
+
+#include <string>
+#include <vector>
+
+#include "app/unique_handle.h"
+#include "command_ids.h"
+#include "finch.h"
+#include "mainwnd/process_windows_rules.h"
+#include "string_ids.h"
+
+namespace lmvx {
+
+namespace {
+
+// A window of this program on another thread may hang: its title is given up after this long.
+constexpr UINT kTitleTimeoutMs = 100;
+
+struct ProcessWindow {
+    HWND window;
+    std::wstring title;
+};
+
+std::wstring ReadWindowTitle(HWND window, DWORD windowProcessId, DWORD windowThreadId) {
+    wchar_t title[kWindowTitleCapacity] = {};
+    if (ChooseTitleRead(windowProcessId, windowThreadId, GetCurrentProcessId(), GetCurrentThreadId()) ==
+        TitleRead::TimedMessage) {
+        DWORD_PTR copied = 0;
+        if (!SendMessageTimeoutW(window, WM_GETTEXT, kWindowTitleCapacity, reinterpret_cast<LPARAM>(title),
+                                 SMTO_ABORTIFHUNG, kTitleTimeoutMs, &copied)) {
+            return std::wstring();
+        }
+        title[kWindowTitleCapacity - 1] = L'\0';
+    } else {
+        GetWindowTextW(window, title, kWindowTitleCapacity);
+    }
+    return title;
+}
+
+// The qualifying windows in z-order.
+std::vector<ProcessWindow> ListProcessWindows(unsigned pid) {
+    std::vector<ProcessWindow> windows;
+    // Starts at the second window in z-order: the topmost window is never considered. Intended.
+    HWND window = GetWindow(GetWindow(GetDesktopWindow(), GW_CHILD), GW_HWNDNEXT);
+    for (; window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+        DWORD windowProcessId = 0;
+        const DWORD windowThreadId = GetWindowThreadProcessId(window, &windowProcessId);
+        if (windowProcessId != pid || !IsWindowVisible(window)) continue;
+        std::wstring title = ReadWindowTitle(window, windowProcessId, windowThreadId);
+        if (QualifiesAsProcessWindow(true, windowProcessId, pid, title.size())) {
+            windows.push_back({window, std::move(title)});
+        }
+    }
+    return windows;
+}
+
+// Menu items carry the window handle as their command id; only its low 32 bits fit, so the chosen id is
+// matched back against the list rather than turned into a handle.
+UINT WindowCommandId(HWND window) {
+    return static_cast<UINT>(reinterpret_cast<UINT_PTR>(window));
+}
+
+HWND ChooseFromWindowMenu(const std::vector<ProcessWindow>& windows, POINT position, HWND owner) {
+    UniqueMenu menu(CreatePopupMenu());
+    if (!menu) return nullptr;
+    for (const ProcessWindow& entry : windows) {
+        AppendMenuW(menu.Get(), MF_STRING, WindowCommandId(entry.window), entry.title.c_str());
+    }
+    if (windows.empty()) {
+        AppendMenuW(menu.Get(), MF_STRING | MF_GRAYED, IDM_NO_OPEN_WINDOW,
+                    UIL_LangModule.GetLangString(IDS_NO_OPEN_WINDOW));
+    }
+    SetMenuDefaultItem(menu.Get(), IDM_NO_OPEN_WINDOW, FALSE);
+    const UINT chosen = static_cast<UINT>(
+        TrackPopupMenu(menu.Get(), TPM_RETURNCMD | TPM_RECURSE, position.x, position.y, 0, owner, nullptr));
+    if (chosen == 0 || chosen == IDM_NO_OPEN_WINDOW) return nullptr;
+    for (const ProcessWindow& entry : windows) {
+        if (WindowCommandId(entry.window) == chosen) return entry.window;
+    }
+    return nullptr;
+}
+
+POINT CursorPosition() {
+    POINT cursor = {};
+    GetCursorPos(&cursor);
+    return cursor;
+}
+
+}  // namespace
+
+int CountProcessWindows(unsigned pid) {
+    return static_cast<int>(ListProcessWindows(pid).size());
+}
+
+int BringProcessWindowToFront(unsigned pid, int x, int y, HWND owner) {
+    const std::vector<ProcessWindow> windows = ListProcessWindows(pid);
+    if (windows.size() == 1) {
+        OpenIcon(windows.front().window);
+        ShowWindow(windows.front().window, SW_SHOW);
+        BringWindowToTop(windows.front().window);
+        return 1;
+    }
+    const HWND chosen = ChooseFromWindowMenu(windows, WindowMenuPosition(x, y, CursorPosition()), owner);
+    if (chosen == nullptr) return 0;
+    ShowWindow(chosen, SW_SHOW);
+    OpenIcon(chosen);
+    BringWindowToTop(chosen);
+    return 1;
+}
+
+int CloseProcessWindow(unsigned pid, HWND owner) {
+    const std::vector<ProcessWindow> windows = ListProcessWindows(pid);
+    if (windows.size() == 1) return PostMessageW(windows.front().window, WM_CLOSE, 0, 0);
+    const HWND chosen = ChooseFromWindowMenu(windows, CursorPosition(), owner);
+    return chosen != nullptr ? PostMessageW(chosen, WM_CLOSE, 0, 0) : 0;
+}
+
+}  // namespace lmvx

@@ -1,0 +1,205 @@
+// Counting, raising and closing the titled windows of a child process, and the windows of this process on
+// other threads, one of which hangs.
+#include "mainwnd/process_windows.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "action_test_environment.h"
+#include "command_ids.h"
+#include "menu_answerer.h"
+#include "string_ids.h"
+#include "window_child_process.h"
+
+namespace {
+
+using actions_test::MenuAnswerer;
+using actions_test::SeenMenuItem;
+using actions_test::WindowChild;
+
+class ProcessWindows : public testing::Test {
+protected:
+    static void SetUpTestSuite() { actions_test::StartTestApplication(); }
+
+    // The walk skips the topmost window, so the test's own hidden window goes on top of the child's.
+    void PutOwnerOnTop() {
+        SetWindowPos(owner_.Get(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        ASSERT_EQ(owner_.Get(), GetWindow(GetDesktopWindow(), GW_CHILD));
+    }
+
+    actions_test::HiddenOwner owner_;
+};
+
+// True when first lies above second in z-order.
+bool IsAbove(HWND first, HWND second) {
+    for (HWND window = GetWindow(GetDesktopWindow(), GW_CHILD); window; window = GetWindow(window, GW_HWNDNEXT)) {
+        if (window == first) return true;
+        if (window == second) return false;
+    }
+    return false;
+}
+
+template <typename Condition>
+bool WaitFor(Condition condition) {
+    for (int tries = 0; tries < 500; ++tries) {
+        if (condition()) return true;
+        Sleep(20);
+    }
+    return condition();
+}
+
+TEST_F(ProcessWindows, AWindowWithoutTitleDoesNotCountAndTheMenuSaysSo) {
+    WindowChild child({L""});
+    ASSERT_EQ(1u, actions_test::VisibleWindowsOf(child.Pid()).size());
+    PutOwnerOnTop();
+    EXPECT_EQ(0, lmvx::CountProcessWindows(child.Pid()));
+
+    MenuAnswerer menu(L"");
+    EXPECT_EQ(0, lmvx::BringProcessWindowToFront(child.Pid(), 100, 100, owner_.Get()));
+    const std::vector<SeenMenuItem> items = menu.Finish();
+    ASSERT_EQ(1u, items.size());
+    EXPECT_EQ(static_cast<UINT>(IDM_NO_OPEN_WINDOW), items[0].id);
+    EXPECT_EQ(actions_test::Text(IDS_NO_OPEN_WINDOW), items[0].text);
+    EXPECT_TRUE(items[0].grayed);
+    EXPECT_TRUE(items[0].isDefault);
+
+    MenuAnswerer closeMenu(L"");
+    EXPECT_EQ(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
+    EXPECT_EQ(1u, closeMenu.Finish().size());
+}
+
+TEST_F(ProcessWindows, OneTitledWindowIsRestoredAndRaisedWithoutAMenu) {
+    WindowChild child({L"Lumivex one window"}, true);
+    const HWND window = child.WindowTitled(L"Lumivex one window");
+    ASSERT_NE(nullptr, window);
+    ASSERT_TRUE(WaitFor([&] { return IsIconic(window) != FALSE; }));
+    PutOwnerOnTop();
+    EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
+
+    MenuAnswerer menu(L"");
+    EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 0, 0, owner_.Get()));
+    EXPECT_FALSE(menu.MenuWasShown());
+    EXPECT_TRUE(WaitFor([&] { return !IsIconic(window); }));
+    EXPECT_TRUE(IsAbove(window, owner_.Get()));
+}
+
+TEST_F(ProcessWindows, OneTitledWindowIsAskedToCloseWithoutAMenu) {
+    WindowChild child({L"Lumivex closing window"});
+    PutOwnerOnTop();
+    MenuAnswerer menu(L"");
+    EXPECT_NE(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
+    EXPECT_FALSE(menu.MenuWasShown());
+    EXPECT_EQ(1, child.WaitForExitCode(20000)) << "the child counts the close requests it received";
+}
+
+TEST_F(ProcessWindows, TheTopmostWindowIsNeverConsidered) {
+    // Intended: the walk starts at the second window in z-order.
+    WindowChild child({L"Lumivex topmost window"});
+    const HWND window = child.WindowTitled(L"Lumivex topmost window");
+    ASSERT_NE(nullptr, window);
+    PutOwnerOnTop();
+    ASSERT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ASSERT_TRUE(WaitFor([&] { return GetWindow(GetDesktopWindow(), GW_CHILD) == window; }));
+    EXPECT_EQ(0, lmvx::CountProcessWindows(child.Pid()));
+}
+
+TEST_F(ProcessWindows, TwoWindowsAreOfferedInZOrderAndTheChosenOneIsClosed) {
+    WindowChild child({L"Lumivex window A", L"Lumivex window B"});
+    const HWND first = child.WindowTitled(L"Lumivex window A");
+    const HWND second = child.WindowTitled(L"Lumivex window B");
+    ASSERT_NE(nullptr, first);
+    ASSERT_NE(nullptr, second);
+    PutOwnerOnTop();
+    EXPECT_EQ(2, lmvx::CountProcessWindows(child.Pid()));
+
+    MenuAnswerer menu(L"Lumivex window A");
+    EXPECT_NE(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
+    const std::vector<SeenMenuItem> items = menu.Finish();
+    ASSERT_EQ(2u, items.size());
+    const bool firstAbove = IsAbove(first, second);
+    EXPECT_EQ(firstAbove ? L"Lumivex window A" : L"Lumivex window B", items[0].text);
+    EXPECT_EQ(firstAbove ? L"Lumivex window B" : L"Lumivex window A", items[1].text);
+    EXPECT_FALSE(items[0].grayed);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(first); }));
+    EXPECT_TRUE(IsWindow(second));
+    EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
+}
+
+TEST_F(ProcessWindows, TheChosenOfTwoWindowsIsBroughtToFront) {
+    WindowChild child({L"Lumivex window C", L"Lumivex window D"});
+    const HWND lower = child.WindowTitled(L"Lumivex window C");
+    const HWND upper = child.WindowTitled(L"Lumivex window D");
+    ASSERT_NE(nullptr, lower);
+    ASSERT_NE(nullptr, upper);
+    SetWindowPos(lower, upper, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ASSERT_TRUE(WaitFor([&] { return IsAbove(upper, lower); }));
+    PutOwnerOnTop();
+
+    MenuAnswerer menu(L"Lumivex window C");
+    EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 50, 50, owner_.Get()));
+    EXPECT_TRUE(menu.MenuWasShown());
+    EXPECT_TRUE(WaitFor([&] { return IsAbove(lower, upper); }));
+}
+
+TEST_F(ProcessWindows, NoChoiceRaisesAndClosesNothing) {
+    WindowChild child({L"Lumivex window E", L"Lumivex window F"});
+    PutOwnerOnTop();
+    MenuAnswerer menu(L"");
+    EXPECT_EQ(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
+    EXPECT_TRUE(menu.MenuWasShown());
+    EXPECT_EQ(2u, actions_test::VisibleWindowsOf(child.Pid()).size());
+}
+
+// A thread of this process with one visible titled window; it either answers messages or hangs.
+class WindowThread {
+public:
+    WindowThread(const wchar_t* title, bool hangs) : ready_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
+                                                     release_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+        thread_ = std::thread([this, title, hangs] {
+            window_ = CreateWindowExW(0, L"STATIC", title, WS_POPUP | WS_VISIBLE, 0, 0, 60, 30, nullptr, nullptr,
+                                      GetModuleHandleW(nullptr), nullptr);
+            SetEvent(ready_);
+            if (hangs) {
+                WaitForSingleObject(release_, INFINITE);   // answers no message meanwhile
+            } else {
+                while (MsgWaitForMultipleObjects(1, &release_, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
+                    MSG message;
+                    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+                }
+            }
+            DestroyWindow(window_);
+        });
+        WaitForSingleObject(ready_, 10000);
+    }
+    ~WindowThread() {
+        SetEvent(release_);
+        thread_.join();
+        CloseHandle(ready_);
+        CloseHandle(release_);
+    }
+    HWND Window() const { return window_; }
+
+private:
+    HANDLE ready_;
+    HANDLE release_;
+    HWND window_ = nullptr;
+    std::thread thread_;
+};
+
+TEST_F(ProcessWindows, AHungWindowOfThisProgramIsSkippedAndTheOthersCount) {
+    const int before = lmvx::CountProcessWindows(GetCurrentProcessId());
+    WindowThread answering(L"Lumivex answering window", false);
+    WindowThread hung(L"Lumivex hung window", true);
+    const HWND ownThreadWindow = CreateWindowExW(0, L"STATIC", L"Lumivex own thread window", WS_POPUP | WS_VISIBLE,
+                                                 0, 0, 60, 30, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ASSERT_NE(nullptr, answering.Window());
+    ASSERT_NE(nullptr, hung.Window());
+    PutOwnerOnTop();
+    // The answering window and this thread's own window count; the hung one is given up after its time-out.
+    EXPECT_EQ(before + 2, lmvx::CountProcessWindows(GetCurrentProcessId()));
+    DestroyWindow(ownThreadWindow);
+}
+
+}  // namespace

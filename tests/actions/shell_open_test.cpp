@@ -1,0 +1,117 @@
+// The shell-open helper through replaceable calls: which path reaches the shell, on which thread.
+#include "mainwnd/shell_open.h"
+#include "mainwnd/shell_open_calls.h"
+
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace {
+
+// A made-up file system and a shell that only takes notes.
+class FakeShell {
+public:
+    void AddFile(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_ARCHIVE; }
+    void AddFolder(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_DIRECTORY; }
+
+    lmvx::ShellOpenCalls Calls() { return {FileAttributes, Execute, this}; }
+
+    // The path the shell was given, waiting for the helper thread to hand it over.
+    std::wstring OpenedPath() {
+        std::unique_lock<std::mutex> lock(mutex_);
+        if (!condition_.wait_for(lock, std::chrono::seconds(10), [this] { return opened_; })) return L"<none>";
+        return openedPath_;
+    }
+    DWORD OpeningThread() {
+        OpenedPath();
+        return openingThread_;
+    }
+
+private:
+    static DWORD FileAttributes(void* context, const wchar_t* path) {
+        const auto& attributes = static_cast<FakeShell*>(context)->attributes_;
+        const auto found = attributes.find(path);
+        return found == attributes.end() ? INVALID_FILE_ATTRIBUTES : found->second;
+    }
+    static void Execute(void* context, const wchar_t* path) {
+        auto* shell = static_cast<FakeShell*>(context);
+        std::lock_guard<std::mutex> lock(shell->mutex_);
+        shell->openedPath_ = path;
+        shell->openingThread_ = GetCurrentThreadId();
+        shell->opened_ = true;
+        shell->condition_.notify_all();
+    }
+
+    std::map<std::wstring, DWORD> attributes_;
+    std::mutex mutex_;
+    std::condition_variable condition_;
+    bool opened_ = false;
+    std::wstring openedPath_;
+    DWORD openingThread_ = 0;
+};
+
+TEST(OpenInShell, AFilePathOpensItsFolder) {
+    FakeShell shell;
+    shell.AddFile(L"C:\\Tools\\app.exe");
+    shell.AddFolder(L"C:\\Tools");
+    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
+    EXPECT_EQ(L"C:\\Tools\\", shell.OpenedPath());
+}
+
+TEST(OpenInShell, AFolderPathOpensItsParent) {
+    FakeShell shell;
+    shell.AddFolder(L"C:\\Windows\\System32");
+    shell.AddFolder(L"C:\\Windows");
+    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Windows\\System32", shell.Calls()));
+    EXPECT_EQ(L"C:\\Windows\\", shell.OpenedPath());
+}
+
+TEST(OpenInShell, AShortenedNameThatExistsIsOpenedWhole) {
+    FakeShell shell;
+    shell.AddFile(L"C:\\Tools\\app.exe");
+    shell.AddFile(L"C:\\Tools\\app.ex");
+    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
+    EXPECT_EQ(L"C:\\Tools\\app.ex", shell.OpenedPath());
+}
+
+TEST(OpenInShell, AShortenedNameThatIsAFolderIsCutToItsParent) {
+    FakeShell shell;
+    shell.AddFolder(L"C:\\Data\\logs");
+    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Data\\logs2", shell.Calls()));
+    EXPECT_EQ(L"C:\\Data\\", shell.OpenedPath());
+}
+
+TEST(OpenInShell, AOneCharacterPathHandsTheShellTheEmptyString) {
+    FakeShell shell;
+    EXPECT_EQ(1, lmvx::OpenInShellWith(L"x", shell.Calls()));
+    EXPECT_EQ(L"", shell.OpenedPath());
+}
+
+TEST(OpenInShell, AnEmptyPathOpensNothing) {
+    FakeShell shell;
+    EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls()));
+    EXPECT_EQ(0, lmvx::OpenInShellWith(nullptr, shell.Calls()));
+}
+
+TEST(OpenInShell, TheShellIsCalledOnAnotherThread) {
+    FakeShell shell;
+    ASSERT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
+    const DWORD openingThread = shell.OpeningThread();
+    EXPECT_NE(0u, openingThread);
+    EXPECT_NE(GetCurrentThreadId(), openingThread);
+}
+
+TEST(CopyTruncated, CopiesWhatFitsAndAlwaysTerminates) {
+    wchar_t buffer[4] = {L'#', L'#', L'#', L'#'};
+    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 4, L"abcdef"));
+    EXPECT_STREQ(L"abc", buffer);
+    EXPECT_TRUE(lmvx::CopyTruncated(buffer, 4, L"ab"));
+    EXPECT_STREQ(L"ab", buffer);
+    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 1, L"a"));
+    EXPECT_STREQ(L"", buffer);
+}
+
+}  // namespace
