@@ -11,11 +11,13 @@ ProgramRunner::~ProgramRunner() {
     CloseHandle(process_);
 }
 
-bool ProgramRunner::Start(const std::wstring& exePath, const std::wstring& arguments) {
+bool ProgramRunner::Start(const std::wstring& exePath, const std::wstring& arguments,
+                          const std::wstring& workingFolder) {
     std::wstring commandLine = L"\"" + exePath + L"\"";
     if (!arguments.empty()) commandLine += L" " + arguments;
     const size_t cut = exePath.find_last_of(L"\\/");
-    const std::wstring folder = cut == std::wstring::npos ? std::wstring() : exePath.substr(0, cut);
+    const std::wstring folder =
+        !workingFolder.empty() ? workingFolder : cut == std::wstring::npos ? std::wstring() : exePath.substr(0, cut);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};

@@ -16,8 +16,8 @@ public:
     ProgramRunner(const ProgramRunner&) = delete;
     ProgramRunner& operator=(const ProgramRunner&) = delete;
 
-    // Starts "<exe>" <arguments> with the given working folder (empty: the exe's folder).
-    bool Start(const std::wstring& exePath, const std::wstring& arguments);
+    // Starts "<exe>" <arguments> in the exe's folder, or in workingFolder when one is given.
+    bool Start(const std::wstring& exePath, const std::wstring& arguments, const std::wstring& workingFolder = {});
     DWORD Pid() const { return pid_; }
     HANDLE Process() const { return process_; }
 

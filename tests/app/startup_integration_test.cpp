@@ -49,27 +49,45 @@ TEST_P(BuildInfoSwitch, ShowsTheBuildTextAndExitsWithZero) {
 INSTANTIATE_TEST_SUITE_P(AnyCaseAnyPosition, BuildInfoSwitch,
                          ::testing::Values(L"/BUILDINFO", L"/buildinfo", L"-first /BuildInfo -last"));
 
-TEST(MissingComponent, EndsWithTheMessageAndExitCode1157) {
-    namespace fs = std::filesystem;
+namespace fs = std::filesystem;
+
+// A fresh folder under this prefix's temp folder holding copies of the named files of this build.
+fs::path FolderWith(const wchar_t* name, std::initializer_list<const wchar_t*> files) {
     wchar_t temp[MAX_PATH];
     GetTempPathW(MAX_PATH, temp);
-    const fs::path folder = fs::path(temp) / L"lmvx-missing-kestrel";
+    const fs::path folder = fs::path(temp) / name;
     fs::remove_all(folder);
     fs::create_directories(folder);
-    for (const wchar_t* file : {L"lmvx64.exe", L"wren64.dll", L"finch64.dll", L"heron64.dll"}) {
-        fs::copy_file(fs::path(TestBinFolder()) / file, folder / file);
-    }
-    SeedQuietStart(0x0409);
+    for (const wchar_t* file : files) fs::copy_file(fs::path(TestBinFolder()) / file, folder / file);
+    return folder;
+}
 
+void ExpectMissingComponentExit(const fs::path& programFolder, const fs::path& workingFolder) {
+    SeedQuietStart(0x0409);
     ProgramRunner program;
-    ASSERT_TRUE(program.Start((folder / L"lmvx64.exe").wstring(), L""));
+    ASSERT_TRUE(program.Start((programFolder / L"lmvx64.exe").wstring(), L"", workingFolder.wstring()));
     HWND box = program.WaitForWindowWithCaption(L"Lumivex", kWindowWaitMs);
     ASSERT_NE(box, nullptr) << "no message about the missing component";
     EXPECT_TRUE(AnyTextContains(box, L"A component required for the execution of Lumivex was not found."));
     DismissBox(box);
     EXPECT_EQ(program.WaitForExit(kWindowWaitMs), static_cast<DWORD>(ERROR_DLL_NOT_FOUND));
+}
+
+TEST(MissingComponent, EndsWithTheMessageAndExitCode1157) {
+    const fs::path folder = FolderWith(L"lmvx-missing-kestrel", {L"lmvx64.exe", L"wren64.dll", L"finch64.dll", L"heron64.dll"});
+    ExpectMissingComponentExit(folder, folder);
     std::error_code ignored;
     fs::remove_all(folder, ignored);
+}
+
+// A component library planted in the current folder must not be picked up in place of a missing one.
+TEST(MissingComponent, IsNotTakenFromTheCurrentFolder) {
+    const fs::path program = FolderWith(L"lmvx-program-only", {L"lmvx64.exe", L"wren64.dll", L"finch64.dll"});
+    const fs::path planted = FolderWith(L"lmvx-planted", {L"kestrel64.dll", L"heron64.dll"});
+    ExpectMissingComponentExit(program, planted);
+    std::error_code ignored;
+    fs::remove_all(program, ignored);
+    fs::remove_all(planted, ignored);
 }
 
 HWND WaitForMainWindow(const ProgramRunner& program) {
