@@ -158,6 +158,14 @@ TEST_F(ProcessActions, ResumeOfARunningProcessSaysItIsNotPaused) {
     EXPECT_TRUE(child.IsRunning());
 }
 
+TEST_F(ProcessActions, ResumeOfAnEndedProcessWarnsThatItIsNotPaused) {
+    ChildProcess child = StartSleeper();
+    child.End();
+    DialogAnswerer answerer(IDOK);
+    EXPECT_EQ(0, lmvx::actions::Resume(child.Pid(), owner_.Get()));
+    ExpectOneWarning(answerer.Seen(), IDS_RESUME_PROCESS, IDS_PROCESS_NOT_PAUSED);
+}
+
 TEST_F(ProcessActions, ResumeUndoesOneSuspensionAtATime) {
     ChildProcess child = StartSleeper();
     ASSERT_TRUE(kestrel::PRM_SuspendProcess(child.Pid()));
