@@ -9,6 +9,7 @@
 #include "finch.h"
 #include "mainwnd/command_dispatch.h"
 #include "mainwnd/command_dispatch_process.h"
+#include "mainwnd/details_pane_actions.h"
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/main_window_state.h"
 #include "mainwnd/window_placement.h"
@@ -53,6 +54,8 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_TOOLBAR));
     ReplaceMenu(window);
     perf::CreatePerfPopups(state->perfDisplays, window);
+    ToolbarCreate(state->toolbar, window);
+    state->children.toolbar = state->toolbar.window;
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING_UI));
     state->processList.Attach(GetDlgItem(window, IDC_PROCESS_LIST), g_processList);
@@ -60,6 +63,10 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     perf::CreateStatusBar(state->perfDisplays, window);
     state->children.statusBar = state->perfDisplays.statusBar.bar;
     perf::AddPerfDisplayHooks(state->perfDisplays, state->refreshHooks);
+    HWND pane = DetailsPaneCreate(window, state->processList.GetListView(), g_processList, ProgramPaneActions());
+    state->children.detailsPane = pane;
+    state->children.detailsPaneWidth = pane ? DetailsPanePreferredWidth(pane) : 0;
+    state->refreshHooks.refreshDetailsViews = [pane](HWND) { DetailsPaneFollowSelection(pane); };
 
     state->refreshHooks.rebuildProcessMenu = [main = state.get()] { RefreshProcessMenu(*main); };
     state->refreshCycle.Init(window, state->refreshHooks);

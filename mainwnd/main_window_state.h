@@ -8,6 +8,7 @@
 #include "app/unique_handle.h"
 #include "mainwnd/main_window_layout.h"
 #include "perf/perf_displays.h"
+#include "perf/toolbar.h"
 #include "proclist/process_list_view.h"
 #include "proclist/refresh_cycle.h"
 
@@ -28,6 +29,7 @@ struct MainWindowState {
     proclist::RefreshHooks refreshHooks;
     // Toolbar, details pane and status bar, placed around the list by LayOutMainWindow. children.detailsPane
     // is the pane page that receives the forwarded per-process commands and holds the pause button.
+    Toolbar toolbar;   // its window is children.toolbar
     MainWindowChildren children;
     // True while a menu of the main window is open: the Process popup is then not replaced under the user.
     std::atomic<bool> menuOpen{false};

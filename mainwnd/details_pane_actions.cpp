@@ -1,0 +1,46 @@
+#include "mainwnd/details_pane_actions.h"
+
+#include "app/lmvx.h"
+#include "mainwnd/owner_button.h"
+#include "mainwnd/priority_names.h"
+#include "mainwnd/process_actions.h"
+#include "mainwnd/process_menu_items.h"
+#include "mainwnd/process_menu_popup.h"
+#include "mainwnd/process_windows.h"
+#include "mainwnd/shell_open.h"
+
+namespace lmvx {
+namespace {
+
+// The priority submenu of the process; its commands go to owner, the pane, which sets the priority.
+void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
+    const int item = g_processList.GetItemByPID(pid);
+    const unsigned priorityClass = item < 0 ? 0 : g_processList.GetItemProcessPriority(item);
+    const bool suspended = kestrel::PRM_IsProcessSuspended(pid) != 0;
+    UniqueMenu menu = CreatePopupFromEntries(PriorityMenuEntries(priorityClass, suspended, pid == GetCurrentProcessId()));
+    if (menu) TrackPopupMenu(menu.Get(), TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON, x, y, 0, owner, nullptr);
+}
+
+int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
+int IsSuspended(unsigned pid) { return kestrel::PRM_IsProcessSuspended(pid); }
+
+}  // namespace
+
+PaneActions ProgramPaneActions() {
+    PaneActions actions;
+    actions.terminate = actions::Terminate;
+    actions.pause = actions::Pause;
+    actions.resume = actions::Resume;
+    actions.isSuspended = IsSuspended;
+    actions.pageOut = actions::PageOut;
+    actions.setPriority = actions::SetPriority;
+    actions.openInShell = OpenInShell;
+    actions.showPriorityMenu = ShowPriorityMenu;
+    actions.showWindowsMenu = ShowWindowsMenu;
+    actions.priorityName = PriorityClassName;
+    actions.drawOwnerButton = DrawOwnerButton;
+    actions.historyGraph = kestrel::GetProcessHistoryGraph;
+    return actions;
+}
+
+}  // namespace lmvx
