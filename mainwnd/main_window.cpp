@@ -13,6 +13,7 @@
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/main_window_state.h"
 #include "mainwnd/window_placement.h"
+#include "perf/sampler.h"
 #include "resource.h"
 #include "wren.h"
 
@@ -69,6 +70,8 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     state->refreshHooks.refreshDetailsViews = [pane](HWND) { DetailsPaneFollowSelection(pane); };
 
     state->refreshHooks.rebuildProcessMenu = [main = state.get()] { RefreshProcessMenu(*main); };
+    state->refreshHooks.sampleSystem = perf::SamplePerformance;
+    state->refreshHooks.setSamplerInterval = perf::SetSamplerInterval;
     state->refreshCycle.Init(window, state->refreshHooks);
     state->refreshCycle.LoadRate();
     const auto& topmost = options::Topmost;
