@@ -92,4 +92,29 @@ std::vector<PlotPoint> SeriesPolyline(const SeriesHistory& history, unsigned sca
     return line;
 }
 
+std::vector<int> ColumnTops(const std::vector<PlotPoint>& line) {
+    std::vector<int> tops;
+    if (line.empty()) return tops;
+    const int first = line.front().x;
+    tops.assign(static_cast<size_t>(line.back().x - first + 1), line.front().y);
+    auto column = [&](int x) -> int& { return tops[static_cast<size_t>(x - first)]; };
+    column(first) = line.front().y;
+    for (size_t i = 1; i < line.size(); ++i) {
+        const PlotPoint from = line[i - 1];
+        const PlotPoint to = line[i];
+        if (to.x == from.x) {
+            column(to.x) = std::min({column(to.x), from.y, to.y});
+            continue;
+        }
+        for (int x = from.x + 1; x <= to.x; ++x) {
+            const int64_t offset = static_cast<int64_t>(to.y - from.y) * (x - from.x);
+            const int span = to.x - from.x;
+            // Rounded to the nearest row, halves away from zero, as the line itself is drawn.
+            const int y = from.y + static_cast<int>((offset >= 0 ? offset + span / 2 : offset - span / 2) / span);
+            column(x) = y;
+        }
+    }
+    return tops;
+}
+
 }  // namespace wren::perfgraph

@@ -51,4 +51,8 @@ struct PlotPoint {
 // The series' line in a picture of the given size, oldest point first.
 std::vector<PlotPoint> SeriesPolyline(const SeriesHistory& history, unsigned scaleTop, int width, int height);
 
+// The top row of the area under a line, for each column from the line's first point to its last (linear
+// between points; the higher one where points share a column). Index 0 is the first point's column.
+std::vector<int> ColumnTops(const std::vector<PlotPoint>& line);
+
 }  // namespace wren::perfgraph

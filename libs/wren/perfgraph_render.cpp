@@ -72,7 +72,8 @@ HDC PERFGRAPH::RenderOpen(HWND window, HDC dc, unsigned /*flags*/) {
         dc = drawing.ownedTarget.Get();
     }
     drawing.target = dc;
-    if (dc) drawing.canvas = UniqueMemoryDC(CreateCompatibleDC(dc));
+    if (dc && !state_->canvas) state_->canvas = UniqueMemoryDC(CreateCompatibleDC(nullptr));
+    drawing.canvas = dc ? state_->canvas.Get() : nullptr;
     auto& work = state_->work;
     if (drawing.canvas && (!work.bitmap || work.width != width || work.height != height)) {
         work.bitmap = UniqueGdiObject(CreateCompatibleBitmap(dc, width, height));
@@ -85,28 +86,39 @@ HDC PERFGRAPH::RenderOpen(HWND window, HDC dc, unsigned /*flags*/) {
         state_->renderLock.unlock();
         return nullptr;
     }
-    drawing.canvasBitmap = SelectionGuard(drawing.canvas.Get(), work.bitmap.Get());
+    drawing.canvasBitmap = SelectionGuard(drawing.canvas, work.bitmap.Get());
     drawing.width = width;
     drawing.height = height;
-    PatBlt(drawing.canvas.Get(), 0, 0, width, height, BLACKNESS);
+    PatBlt(drawing.canvas, 0, 0, width, height, BLACKNESS);
     static_assert(kBackground == RGB(0, 0, 0), "BLACKNESS paints the background colour");
-    return drawing.canvas.Get();
+    return drawing.canvas;
 }
 
 int PERFGRAPH::RenderFill(COLORREF colour, unsigned series) {
     if (!IsDrawing(state_)) return 0;
     auto& drawing = state_->drawing;
-    std::vector<POINT> area = PlotSeries(*state_, series, drawing.width, drawing.height);
-    if (area.empty()) return 1;
-    // Close the area along the bottom edge, one row below the picture so the bottom row is filled too.
-    area.push_back({area.back().x + 1, drawing.height});
-    area.push_back({area.front().x, drawing.height});
-    UniqueGdiObject brush(CreateSolidBrush(colour));
-    if (!brush) return 0;
-    HDC canvas = drawing.canvas.Get();
-    SelectionGuard brushSelection(canvas, brush.Get());
-    SelectionGuard penSelection(canvas, GetStockObject(NULL_PEN));
-    return Polygon(canvas, area.data(), static_cast<int>(area.size())) ? 1 : 0;
+    const std::vector<POINT> line = PlotSeries(*state_, series, drawing.width, drawing.height);
+    if (line.empty()) return 1;
+    std::vector<perfgraph::PlotPoint> plot;
+    plot.reserve(line.size());
+    for (const POINT& point : line) plot.push_back({static_cast<int>(point.x), static_cast<int>(point.y)});
+    const std::vector<int> tops = perfgraph::ColumnTops(plot);
+    // One vertical stroke per column down to the bottom row, all in one call: a polygon of hundreds of
+    // points is many times slower to fill.
+    std::vector<POINT> strokes;
+    strokes.reserve(tops.size() * 2);
+    for (size_t i = 0; i < tops.size(); ++i) {
+        const LONG x = line.front().x + static_cast<LONG>(i);
+        strokes.push_back({x, tops[i]});
+        strokes.push_back({x, drawing.height});   // the end point is left out: the bottom row is the last
+    }
+    const std::vector<DWORD> pointsPerStroke(tops.size(), 2);
+    UniqueGdiObject pen(CreatePen(PS_SOLID, 1, colour));
+    if (!pen) return 0;
+    HDC canvas = drawing.canvas;
+    SelectionGuard penSelection(canvas, pen.Get());
+    return PolyPolyline(canvas, strokes.data(), pointsPerStroke.data(), static_cast<DWORD>(pointsPerStroke.size())) ? 1
+                                                                                                                   : 0;
 }
 
 int PERFGRAPH::RenderGrid() {
@@ -117,7 +129,7 @@ int PERFGRAPH::RenderGrid() {
     const unsigned columns = std::max(1u, intervals / pointsPerColumn);
     UniqueGdiObject pen(CreatePen(PS_SOLID, 1, kGridColour));
     if (!pen) return 0;
-    HDC canvas = drawing.canvas.Get();
+    HDC canvas = drawing.canvas;
     SelectionGuard penSelection(canvas, pen.Get());
     for (unsigned row = 1; row < kGridRows; ++row) {
         const int y = perfgraph::GridPosition(row, kGridRows, drawing.height);
@@ -137,10 +149,11 @@ int PERFGRAPH::RenderLine(COLORREF colour, unsigned series) {
     auto& drawing = state_->drawing;
     std::vector<POINT> line = PlotSeries(*state_, series, drawing.width, drawing.height);
     if (line.empty()) return 1;
-    if (line.size() == 1) line.push_back({line.front().x + 1, line.front().y});   // one point: a dot
+    // Polyline leaves out its last pixel: one step further right puts the newest point on the picture.
+    line.push_back({line.back().x + 1, line.back().y});
     UniqueGdiObject pen(CreatePen(PS_SOLID, 1, colour));
     if (!pen) return 0;
-    HDC canvas = drawing.canvas.Get();
+    HDC canvas = drawing.canvas;
     SelectionGuard penSelection(canvas, pen.Get());
     return Polyline(canvas, line.data(), static_cast<int>(line.size())) ? 1 : 0;
 }
@@ -151,7 +164,7 @@ int PERFGRAPH::RenderCloseEx(unsigned /*flags*/) {
     if (!IsDrawing(state_)) return 0;
     auto& drawing = state_->drawing;
     const BOOL shown =
-        BitBlt(drawing.target, 0, 0, drawing.width, drawing.height, drawing.canvas.Get(), 0, 0, SRCCOPY);
+        BitBlt(drawing.target, 0, 0, drawing.width, drawing.height, drawing.canvas, 0, 0, SRCCOPY);
     drawing.Clear();
     {
         std::lock_guard lock(state_->frameLock);

@@ -25,7 +25,7 @@ struct PerfGraphSeries {
 struct PerfGraphDrawing {
     WindowDC ownedTarget;         // when the graph got the window's DC itself
     HDC target = nullptr;
-    UniqueMemoryDC canvas;
+    HDC canvas = nullptr;         // the graph's memory DC while a drawing is open
     SelectionGuard canvasBitmap;  // the work bitmap, selected into the canvas
     int width = 0;
     int height = 0;
@@ -37,7 +37,7 @@ struct PerfGraphDrawing {
     // Frees in the order GDI needs: the bitmap leaves the canvas before the canvas goes.
     void Clear() {
         canvasBitmap.Reset();
-        canvas.Reset();
+        canvas = nullptr;
         ownedTarget.Reset();
         target = nullptr;
         width = height = 0;
@@ -62,6 +62,7 @@ struct PerfGraphState {
     std::mutex renderLock;
     std::thread::id drawingThread;
     PerfGraphDrawing drawing;
+    UniqueMemoryDC canvas;   // kept from one drawing to the next: making one costs more than a drawing
     PerfGraphBitmap work;
 
     // The last finished drawing, which UpdateGraph repaints.
