@@ -135,3 +135,34 @@ TEST(SeriesPolyline, OldestFirstNewestAtTheRightEdge) {
 
 }  // namespace
 }  // namespace wren::perfgraph
+
+namespace wren::perfgraph {
+namespace {
+
+TEST(ColumnTops, OneTopPerColumnFromTheFirstPointToTheLast) {
+    const std::vector<PlotPoint> line = {{2, 10}, {6, 2}};
+    const std::vector<int> tops = ColumnTops(line);
+    ASSERT_EQ(tops.size(), 5u);
+    EXPECT_EQ(tops.front(), 10);
+    EXPECT_EQ(tops.back(), 2);
+    for (size_t i = 1; i < tops.size(); ++i) EXPECT_LT(tops[i], tops[i - 1]);   // rising line: rising tops
+}
+
+TEST(ColumnTops, PointsSharingAColumnGiveItTheHigherTop) {
+    const std::vector<PlotPoint> line = {{0, 9}, {3, 9}, {3, 1}, {3, 5}, {4, 5}};
+    const std::vector<int> tops = ColumnTops(line);
+    ASSERT_EQ(tops.size(), 5u);
+    EXPECT_EQ(tops[3], 1);
+    EXPECT_EQ(tops[4], 5);
+    EXPECT_EQ(tops[1], 9);
+}
+
+TEST(ColumnTops, EmptyAndSinglePointLines) {
+    EXPECT_TRUE(ColumnTops({}).empty());
+    const std::vector<int> single = ColumnTops({{7, 4}});
+    ASSERT_EQ(single.size(), 1u);
+    EXPECT_EQ(single[0], 4);
+}
+
+}  // namespace
+}  // namespace wren::perfgraph
