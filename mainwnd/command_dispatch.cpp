@@ -1,6 +1,7 @@
 #include "mainwnd/command_dispatch.h"
 
 #include "app/option_keys.h"
+#include "mainwnd/about_dialogs.h"
 #include "mainwnd/command_dispatch_process.h"
 #include "mainwnd/command_dispatch_system.h"
 #include "mainwnd/command_dispatch_table.h"
@@ -66,7 +67,7 @@ void RunCommandAction(MainWindowState& state, CommandAction action, unsigned com
     case CommandAction::CloseProcessWindow: CloseSelectedProcessWindow(state); break;
     case CommandAction::OpenHelp: OpenHelp(window); break;
     case CommandAction::OpenRunDialog: OpenRunDialog(window); break;
-    case CommandAction::ShowAbout: break;
+    case CommandAction::ShowAbout: ShowAboutBox(window); break;
     case CommandAction::OpenWebSite: OpenWebAddress(window, kWebSiteAddress); break;
     case CommandAction::OpenUpdatesPage: OpenWebAddress(window, UIL_LangModule.GetLangString(IDS_UPDATES_URL)); break;
     case CommandAction::Sort: state.processList.OnSortCommand(commandId); break;
@@ -78,7 +79,7 @@ void RunCommandAction(MainWindowState& state, CommandAction action, unsigned com
     case CommandAction::StartSiblingTool: StartSiblingTool(window, commandId); break;
     case CommandAction::LanguageSettings: wren::LanguageSettingsDialog(window); break;
     case CommandAction::OpenOptions: break;
-    case CommandAction::ShowDialog277: break;
+    case CommandAction::ShowDialog277: ShowLimitedAccessDialog(window); break;
     case CommandAction::ToggleRequestElevation: ToggleRequestElevation(state); break;
     case CommandAction::TogglePerformanceGraph: ToggleOption(options::ShowTrayPerfWnd); break;
     case CommandAction::ToggleStatusBarCpu: ToggleStatusBarPart(state, options::StatusBarShowCPUPerf); break;

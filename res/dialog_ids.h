@@ -94,4 +94,16 @@
 #define IDC_RUN_BROWSE                1147
 #define IDC_RUN_RECENT_TARGET         1003  /* not in template 266 (intended, see run dialog) */
 
+/* About box (7654) */
+#define IDC_ABOUT_ICON                7001
+#define IDC_ABOUT_NAME                7002
+#define IDC_ABOUT_VERSION             7003
+#define IDC_ABOUT_BUILD               7004
+#define IDC_ABOUT_COPYRIGHT           7005
+
+/* Limited access (277): why some data is missing, and the request for administrator rights */
+#define IDC_LIMITED_ICON              7011
+#define IDC_LIMITED_HEADLINE          7012
+#define IDC_LIMITED_TEXT              7013
+#define IDC_LIMITED_REQUEST_ELEVATION 7014
 #endif

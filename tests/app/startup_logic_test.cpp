@@ -3,6 +3,7 @@
 
 #include "app/logon_launcher.h"
 #include "app/startup_text.h"
+#include "mainwnd/about_dialogs.h"
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/window_placement.h"
 
@@ -77,6 +78,11 @@ TEST(MainWindowLayout, NeverProducesANegativeSize) {
     const MainWindowLayout empty = ComputeMainWindowLayout(-5, -5, 0, 0);
     EXPECT_EQ(empty.list.right, 0);
     EXPECT_GE(empty.list.bottom, empty.list.top);
+}
+
+TEST(AboutBox, VersionAndBuildLines) {
+    EXPECT_EQ(AboutVersionLine(L"5.0", 8212), L"Version 5.0 (Build 8212)");
+    EXPECT_EQ(AboutBuildLine(L"Built", L"Sep 21 2008", L"20:02:31"), L"Built Sep 21 2008, 20:02:31");
 }
 
 }  // namespace
