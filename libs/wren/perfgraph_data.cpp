@@ -49,7 +49,12 @@ int PERFGRAPH::Init(unsigned spanMs, unsigned intervalMs, unsigned seriesCount) 
 
 int PERFGRAPH::Delete() {
     if (!state_) return 0;
-    {
+    if (state_->drawingThread == std::this_thread::get_id()) {
+        // A drawing this thread left open ends here, unseen.
+        state_->drawing.Clear();
+        state_->drawingThread = std::thread::id{};
+        state_->renderLock.unlock();
+    } else {
         // Wait for a drawing in progress on another thread.
         std::lock_guard render(state_->renderLock);
     }

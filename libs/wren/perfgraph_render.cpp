@@ -82,7 +82,7 @@ HDC PERFGRAPH::RenderOpen(HWND window, HDC dc, unsigned /*flags*/) {
     }
     if (!drawing.canvas || !work.bitmap) {
         drawing.Clear();
-        state_->drawingThread = {};
+        state_->drawingThread = std::thread::id{};
         state_->renderLock.unlock();
         return nullptr;
     }
@@ -170,7 +170,7 @@ int PERFGRAPH::RenderCloseEx(unsigned /*flags*/) {
         std::lock_guard lock(state_->frameLock);
         std::swap(state_->work, state_->lastFrame);
     }
-    state_->drawingThread = {};
+    state_->drawingThread = std::thread::id{};
     state_->renderLock.unlock();
     return shown ? 1 : 0;
 }

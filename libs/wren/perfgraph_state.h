@@ -2,6 +2,7 @@
 #pragma once
 #include <windows.h>
 
+#include <atomic>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -60,7 +61,7 @@ struct PerfGraphState {
 
     // One drawing at a time: held from RenderOpen to RenderClose by the drawing thread.
     std::mutex renderLock;
-    std::thread::id drawingThread;
+    std::atomic<std::thread::id> drawingThread{};
     PerfGraphDrawing drawing;
     UniqueMemoryDC canvas;   // kept from one drawing to the next: making one costs more than a drawing
     PerfGraphBitmap work;

@@ -2,7 +2,9 @@
 // last drawing, and that no GDI object outlives its use.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
+#include <thread>
 #include <utility>
 
 #include "wren.h"
@@ -219,6 +221,40 @@ TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
     }
     EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
     EXPECT_EQ(wren::GetPerfGraphGdiFreeFailures(), failuresBefore);
+}
+
+TEST(PerfGraphRender, DeleteEndsADrawingLeftOpen) {
+    PixelCanvas canvas(40, 20);
+    auto graph = HalfFullGraph();
+    ASSERT_NE(graph->RenderOpen(nullptr, canvas.Dc(), 0), nullptr);
+    EXPECT_EQ(graph->Delete(), 1);
+    EXPECT_EQ(graph->RenderClose(), 0);
+}
+
+TEST(PerfGraphRender, FedAndDrawnOnOneThreadWhileAnotherRepaintsAndDraws) {
+    // The sampler feeds and draws the pop-up graph while the UI thread repaints it and draws it for WM_DRAWITEM.
+    const long before = wren::GetPerfGraphGdiObjectCount();
+    {
+        auto graph = HalfFullGraph();
+        TestWindow window(160, 80);
+        ASSERT_NE(window.Get(), nullptr);
+        std::atomic<int> failures{0};
+        std::thread sampler([&] {
+            const unsigned start = GetTickCount();
+            for (unsigned i = 0; i < 200; ++i) {
+                graph->SetDataPoint(i % 100, start + i * kInterval, 0);
+                if (!DrawFull(*graph, window.Get(), nullptr)) ++failures;
+            }
+        });
+        for (int i = 0; i < 200; ++i) {
+            graph->UpdateGraph(window.Get(), nullptr, 0);
+            if (!DrawFull(*graph, window.Get(), nullptr)) ++failures;
+        }
+        sampler.join();
+        EXPECT_EQ(failures.load(), 0);
+        EXPECT_EQ(graph->GetPointCount(0), graph->GetPointCapacity());
+    }
+    EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
 }
 
 }  // namespace
