@@ -1,0 +1,125 @@
+// The hosted main window's notification-area icon: in the shell with its tip, hover and its menu.
+#include <windows.h>
+#include <shellapi.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "app/option_keys.h"
+#include "hosted_main_window.h"
+#include "perf/tray_icon.h"
+#include "perf_window_host.h"
+#include "resource.h"
+#include "shell_tray_tips.h"
+#include "wren.h"
+
+namespace perfgui_test {
+namespace {
+
+using mainwnd_test::SeenItem;
+
+// The shell answers a change of an icon only when it holds that icon; no flags change nothing.
+bool ShellHoldsIcon(HWND owner, int id) {
+    NOTIFYICONDATAW data{};
+    data.cbSize = sizeof data;
+    data.hWnd = owner;
+    data.uID = static_cast<UINT>(id);
+    return Shell_NotifyIconW(NIM_MODIFY, &data) != FALSE;
+}
+
+thread_local std::vector<SeenItem>* g_seen = nullptr;
+
+LRESULT CALLBACK CaptureMenu(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && message->message == WM_INITMENUPOPUP && g_seen && g_seen->empty()) {
+        *g_seen = mainwnd_test::ReadMenu(reinterpret_cast<HMENU>(message->wParam));
+        EndMenu();
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+// A right click on the icon as the shell reports it; the menu is read while open and dismissed.
+std::vector<SeenItem> TrayMenuOf(HWND main) {
+    std::vector<SeenItem> seen;
+    g_seen = &seen;
+    HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CaptureMenu, nullptr, GetCurrentThreadId());
+    SendMessageW(main, lmvx::perf::kTrayCallbackMessage, lmvx::perf::kTrayIconId, WM_RBUTTONUP);
+    if (hook) UnhookWindowsHookEx(hook);
+    g_seen = nullptr;
+    return seen;
+}
+
+class TrayWindow : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_NE(host_.Main(), nullptr);
+        ASSERT_TRUE(PumpUntil([&] { return IsWindowVisible(host_.Main()) != FALSE; }, 5000));
+    }
+    HostedPerfWindow host_;
+};
+
+TEST_F(TrayWindow, TheShellHoldsTheIconWithItsTip) {
+    ASSERT_NE(FindWindowW(L"Shell_TrayWnd", nullptr), nullptr) << "no notification area in this desktop";
+    EXPECT_TRUE(ShellHoldsIcon(host_.Main(), lmvx::perf::kTrayIconId));
+    const std::vector<std::wstring> tips = ShellTrayTips();
+    EXPECT_NE(std::find(tips.begin(), tips.end(), std::wstring(L"Lumivex 2008")), tips.end())
+        << tips.size() << " tips in the shell";
+}
+
+TEST_F(TrayWindow, TheMenuItemsAndTheirStates) {
+    const std::vector<SeenItem> menu = TrayMenuOf(host_.Main());
+    ASSERT_EQ(menu.size(), 6u);
+    EXPECT_EQ(menu[0].id, static_cast<UINT>(IDM_TRAY_SHOW_HIDE));
+    EXPECT_EQ(menu[0].text, L"Hide Lumivex");
+    EXPECT_TRUE(menu[0].isDefault);
+    EXPECT_TRUE(menu[1].separator);
+    EXPECT_EQ(menu[2].id, static_cast<UINT>(IDM_SHOW_PERFORMANCE_GRAPH));
+    EXPECT_EQ(menu[2].text, L"Show Performance Graph");
+    EXPECT_TRUE(menu[2].checked);
+    EXPECT_EQ(menu[3].id, static_cast<UINT>(IDM_KEEP_IN_FOREGROUND));
+    EXPECT_EQ(menu[3].text, L"Keep Lumivex in &Foreground");
+    EXPECT_FALSE(menu[3].checked);
+    EXPECT_TRUE(menu[4].separator);
+    EXPECT_EQ(menu[5].id, static_cast<UINT>(IDM_EXIT));
+    EXPECT_EQ(menu[5].text, L"Exit Lumivex");
+}
+
+TEST_F(TrayWindow, TheMenuFollowsTheWindowAndTheOptions) {
+    ShowWindow(host_.Main(), SW_HIDE);
+    SetWindowPos(host_.Main(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    wren::regOptions.SetOptionBOOL(lmvx::options::ShowTrayPerfWnd.name, 0);
+    const std::vector<SeenItem> menu = TrayMenuOf(host_.Main());
+    ASSERT_EQ(menu.size(), 6u);
+    EXPECT_EQ(menu[0].text, L"Show Lumivex");
+    EXPECT_TRUE(menu[0].isDefault);
+    EXPECT_FALSE(menu[2].checked);
+    EXPECT_TRUE(menu[3].checked);
+}
+
+TEST_F(TrayWindow, HoveringTheIconShowsTheCpuPopupAboveTheTaskbar) {
+    HWND cpu = host_.FindPopup(L"CPU Usage History");
+    ASSERT_NE(cpu, nullptr);
+    MovePointerTo(POINT{5, 5});
+    SendMessageW(host_.Main(), lmvx::perf::kTrayCallbackMessage, lmvx::perf::kTrayIconId, WM_MOUSEMOVE);
+    EXPECT_TRUE(IsWindowVisible(cpu)) << "the tray hover shows the pop-up at once";
+    RECT popup{};
+    GetWindowRect(cpu, &popup);
+    EXPECT_GT(popup.left, GetSystemMetrics(SM_CXSCREEN) / 2) << "at the right of the screen";
+    EXPECT_GT(popup.top, GetSystemMetrics(SM_CYSCREEN) / 3) << "at the bottom of the screen";
+    MovePointerTo(POINT{40, 40});
+    EXPECT_TRUE(PumpUntil([&] { return !IsWindowVisible(cpu); }, 5000));
+}
+
+TEST_F(TrayWindow, WithTheGraphOptionOffHoveringTheIconShowsNothing) {
+    HWND cpu = host_.FindPopup(L"CPU Usage History");
+    ASSERT_NE(cpu, nullptr);
+    wren::regOptions.SetOptionBOOL(lmvx::options::ShowTrayPerfWnd.name, 0);
+    SendMessageW(host_.Main(), lmvx::perf::kTrayCallbackMessage, lmvx::perf::kTrayIconId, WM_MOUSEMOVE);
+    PumpFor(300);
+    EXPECT_FALSE(IsWindowVisible(cpu));
+}
+
+}  // namespace
+}  // namespace perfgui_test
