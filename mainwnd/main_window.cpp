@@ -67,7 +67,16 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     HWND pane = DetailsPaneCreate(window, state->processList.GetListView(), g_processList, ProgramPaneActions());
     state->children.detailsPane = pane;
     state->children.detailsPaneWidth = pane ? DetailsPanePreferredWidth(pane) : 0;
-    state->refreshHooks.refreshDetailsViews = [pane](HWND) { DetailsPaneFollowSelection(pane); };
+    state->refreshHooks.refreshDetailsViews = [pane, firstRows = true](HWND list) mutable {
+        // The first rows arrive with the first snapshot: select the top one, so the pane shows a process at once.
+        if (firstRows && ListView_GetItemCount(list) > 0) {
+            firstRows = false;
+            if (ListView_GetNextItem(list, -1, LVNI_SELECTED) < 0) {
+                ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+            }
+        }
+        DetailsPaneFollowSelection(pane);
+    };
 
     state->refreshHooks.rebuildProcessMenu = [main = state.get()] { RefreshProcessMenu(*main); };
     state->refreshHooks.sampleSystem = perf::SamplePerformance;

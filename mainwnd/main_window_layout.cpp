@@ -7,8 +7,14 @@
 namespace lmvx {
 namespace {
 
+// The child's own visible style, not IsWindowVisible: the first layout runs in WM_INITDIALOG, while the
+// main window itself is still hidden and IsWindowVisible would call every child hidden.
+bool ShownByStyle(HWND child) {
+    return child && (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 int VisibleHeight(HWND child) {
-    if (!child || !IsWindowVisible(child)) return 0;
+    if (!ShownByStyle(child)) return 0;
     RECT rect;
     GetWindowRect(child, &rect);
     return rect.bottom - rect.top;
@@ -45,7 +51,7 @@ void LayOutMainWindow(HWND window, const MainWindowChildren& children) {
     RECT client;
     GetClientRect(window, &client);
     HWND statusBar = children.statusBar ? children.statusBar : GetDlgItem(window, IDC_STATUS_BAR);
-    const bool paneShown = children.detailsPane && IsWindowVisible(children.detailsPane);
+    const bool paneShown = ShownByStyle(children.detailsPane);
     const MainWindowLayout layout = ComputeMainWindowLayout(MainWindowLayoutInput{
         client.right, client.bottom, VisibleHeight(children.toolbar), VisibleHeight(statusBar),
         paneShown ? children.detailsPaneWidth : 0});
