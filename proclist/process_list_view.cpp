@@ -111,12 +111,15 @@ void ProcessListView::SetSortState(SortState state) {
 
 int ProcessListView::Refresh() {
     if (!listView_ || !source_) return 0;
+    const RefreshGate::Pass pass(refreshGate_, listView_);
+    if (!pass.Held()) return 0;
     const bool blankZero = wren::regOptions.GetOptionBOOL(options::BlankZero.name, options::BlankZero.defaultValue);
     // Read like every other option of the list; memory is shown in KB whatever it says.
     wren::regOptions.GetOptionBOOL(options::PreferMB.name, options::PreferMB.defaultValue);
     const wchar_t* startTimeFormat = UIL_LangModule.GetLangString(IDS_START_TIME_FORMAT);
     const bool treeMode = sortMode_ == kSortProcessTree;
 
+    SyncShadowWithControl();
     RemoveEndedRows();
     const int count = source_->GetItemCount();
     for (int index = 0; index < count; ++index) {
@@ -129,23 +132,37 @@ int ProcessListView::Refresh() {
     return 1;
 }
 
+void ProcessListView::SyncShadowWithControl() {
+    // One message per refresh: rows added or removed by anyone else make the copy start again from the
+    // control's PIDs, with every cell unknown.
+    if (ListView_GetItemCount(listView_) != shadow_.Count()) shadow_.ResetToPids(ReadControlPids());
+}
+
+std::vector<unsigned> ProcessListView::ReadControlPids() const {
+    const int rowCount = ListView_GetItemCount(listView_);
+    std::vector<unsigned> pids;
+    pids.reserve(static_cast<size_t>(rowCount > 0 ? rowCount : 0));
+    for (int row = 0; row < rowCount; ++row) {
+        unsigned pid = 0;
+        ReadRowPid(listView_, row, &pid);
+        pids.push_back(pid);
+    }
+    return pids;
+}
+
 void ProcessListView::RemoveEndedRows() {
     // Intended: one forward pass that always advances, so the row moving up into a deleted row's place
     // waits for the next refresh.
-    for (int row = 0; row < ListView_GetItemCount(listView_); ++row) {
-        unsigned pid = 0;
-        if (ReadRowPid(listView_, row, &pid) && source_->GetItemByPid(pid) == -1) {
-            ListView_DeleteItem(listView_, row);
+    for (int row = 0; row < shadow_.Count(); ++row) {
+        if (source_->GetItemByPid(shadow_.PidAt(row)) == -1 && ListView_DeleteItem(listView_, row)) {
+            shadow_.Erase(row);
         }
     }
 }
 
 int ProcessListView::FindOrInsertRow(int index) {
     const unsigned pid = source_->GetItemPid(index);
-    LVFINDINFOW find = {};
-    find.flags = LVFI_PARAM;
-    find.lParam = static_cast<LPARAM>(pid);
-    const int row = ListView_FindItem(listView_, -1, &find);
+    const int row = shadow_.FindRow(pid);
     if (row >= 0) return row;
 
     // New processes start at the top; the order check moves them to their place.
@@ -156,47 +173,73 @@ int ProcessListView::FindOrInsertRow(int index) {
     item.pszText = const_cast<wchar_t*>(imageName.c_str());
     item.iImage = source_->GetItemImageListIndex(index);
     item.lParam = static_cast<LPARAM>(pid);
-    return ListView_InsertItem(listView_, &item);
+    const int inserted = ListView_InsertItem(listView_, &item);
+    if (inserted >= 0) shadow_.Insert(inserted, pid, item.iImage, imageName);
+    return inserted;
 }
 
 void ProcessListView::UpdateRowLayout(int row, int index, bool treeMode) {
-    LVITEMW item = {};
-    item.mask = LVIF_IMAGE | LVIF_INDENT;
-    item.iItem = row;
-    if (!ListView_GetItem(listView_, &item)) return;
-
     const int wantedIndent = treeMode ? source_->GetItemTreeDepth(index) : 0;
-    if (item.iIndent != wantedIndent) {
+    if (shadow_.IsIndentDifferent(row, wantedIndent)) {
         LVITEMW indent = {};
         indent.mask = LVIF_INDENT;
         indent.iItem = row;
         indent.iIndent = wantedIndent;
-        ListView_SetItem(listView_, &indent);
+        if (ListView_SetItem(listView_, &indent)) shadow_.RecordIndent(row, wantedIndent);
     }
     const int wantedImage = source_->GetItemImageListIndex(index);
-    if (item.iImage != wantedImage) {
+    if (shadow_.IsImageDifferent(row, wantedImage)) {
         LVITEMW image = {};
         image.mask = LVIF_IMAGE;
         image.iItem = row;
         image.iImage = wantedImage;
-        ListView_SetItem(listView_, &image);
+        if (ListView_SetItem(listView_, &image)) shadow_.RecordImage(row, wantedImage);
     }
 }
 
 void ProcessListView::WriteRowCells(int row, int index, bool blankZero, const wchar_t* startTimeFormat) {
     const auto cells = FormatRowCells(source_->GetItemRowValues(index), blankZero, startTimeFormat);
     for (int column = 0; column < kColumnCount; ++column) {
-        wren::ListViewSetItemText(listView_, row, column, cells[column].c_str());
+        if (!shadow_.IsCellDifferent(row, column, cells[column])) continue;
+        if (wren::ListViewSetItemText(listView_, row, column, cells[column].c_str())) {
+            shadow_.RecordCell(row, column, cells[column]);
+        } else {
+            shadow_.ForgetCell(row, column);
+        }
     }
 }
 
 void ProcessListView::SortIfMisplaced() {
-    const int rowCount = ListView_GetItemCount(listView_);
+    const int rowCount = shadow_.Count();
     const int misplaced = FindMisplacedPair(rowCount, [this](int a, int b) { return CompareRows(a, b); });
     if (misplaced >= 0) {
         // The sort hands the callback the rows' PIDs rather than positions: Wine's LVM_SORTITEMSEX passes
         // positions of the unsorted list while it merges moved rows, which sorts wrongly.
         ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this));
+        FollowControlSort();
+    }
+}
+
+void ProcessListView::FollowControlSort() {
+    // When no two rows compare equal there is only one sorted order, so the copy sorts itself to it;
+    // otherwise the control's order among equal rows is its own and is read back.
+    const unsigned mode = sortMode_;
+    const bool reverse = reverse_ != 0;
+    const SortField field = SortFieldOfMode(mode);
+    std::vector<SortKey> keys;
+    keys.reserve(static_cast<size_t>(shadow_.Count()));
+    for (int row = 0; row < shadow_.Count(); ++row) keys.push_back(KeyOfPid(shadow_.PidAt(row), field));
+    bool unique = false;
+    const std::vector<int> order = SortedRowOrder(
+        keys,
+        [mode, reverse](const SortKey& a, const SortKey& b) {
+            return CompareSortKeys(mode, reverse, a, b, CompareTextDefaultLocale);
+        },
+        &unique);
+    if (unique) {
+        shadow_.Permute(order);
+    } else {
+        shadow_.Reorder(ReadControlPids());
     }
 }
 
@@ -206,10 +249,7 @@ int CALLBACK ProcessListView::ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPAR
 }
 
 int ProcessListView::CompareRows(int rowA, int rowB) const {
-    unsigned pidA = 0;
-    unsigned pidB = 0;
-    if (!ReadRowPid(listView_, rowA, &pidA) || !ReadRowPid(listView_, rowB, &pidB)) return 0;
-    return ComparePids(pidA, pidB);
+    return ComparePids(shadow_.PidAt(rowA), shadow_.PidAt(rowB));
 }
 
 int ProcessListView::ComparePids(unsigned pidA, unsigned pidB) const {

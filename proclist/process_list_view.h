@@ -14,6 +14,8 @@
 
 #include "kestrel.h"
 #include "process_source.h"
+#include "refresh_gate.h"
+#include "row_shadow.h"
 #include "sort_commands.h"
 
 namespace proclist {
@@ -55,6 +57,9 @@ public:
     SortState GetSortState() const;
     void SetSortState(SortState state);
     HWND GetListView() const { return listView_; }
+    // Held by every refresh; the refresh thread also holds it while the provider switches snapshots, so
+    // the rows' keys cannot change in the middle of a refresh.
+    RefreshGate& GetRefreshGate() { return refreshGate_; }
 
 private:
     static int CALLBACK ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPARAM self);
@@ -62,17 +67,23 @@ private:
     int ComparePids(unsigned pidA, unsigned pidB) const;
     SortKey KeyOfPid(unsigned pid, SortField field) const;
     void RestoreColumnOrder();
+    void SyncShadowWithControl();
+    std::vector<unsigned> ReadControlPids() const;
     void RemoveEndedRows();
     int FindOrInsertRow(int index);
     void UpdateRowLayout(int row, int index, bool treeMode);
     void WriteRowCells(int row, int index, bool blankZero, const wchar_t* startTimeFormat);
     void SortIfMisplaced();
+    void FollowControlSort();
 
     // Read by the refresh thread while the UI thread may change them, hence atomic.
     std::atomic<unsigned> sortMode_{0};
     std::atomic<int> reverse_{0};
     std::unique_ptr<ProcessSource> source_;
     HWND listView_ = nullptr;
+    // What the rows were last given, so unchanged cells and row look-ups cost no message to the control.
+    RowShadow shadow_;
+    RefreshGate refreshGate_;
 };
 
 }  // namespace proclist

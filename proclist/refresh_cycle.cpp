@@ -1,5 +1,7 @@
 #include "refresh_cycle.h"
 
+#include <optional>
+
 #include "app/option_keys.h"
 #include "dialog_ids.h"
 #include "finch.h"
@@ -95,8 +97,7 @@ void RefreshCycle::RunCycles() {
 }
 
 void RefreshCycle::RunOneCycle() {
-    // The only call of Update() in the program: every reader of this cycle sees the new snapshot.
-    provider_.Update();
+    UpdateProvider();
     if (hooks_.sampleSystem) hooks_.sampleSystem();
     if (hooks_.updatePerformancePopups) hooks_.updatePerformancePopups();
     if (hooks_.updateSelectionView) hooks_.updateSelectionView(GetDlgItem(mainWindow_, IDC_PROCESS_LIST));
@@ -108,6 +109,15 @@ void RefreshCycle::RunOneCycle() {
     } else {
         SendMessageW(mainWindow_, WM_USER, kViewRefreshRequest, 0);
     }
+}
+
+void RefreshCycle::UpdateProvider() {
+    // Not while the list refreshes on the UI thread: its sort and its copy of the rows read one snapshot.
+    ProcessListView* list = ProcessListView::FromControl(GetDlgItem(mainWindow_, IDC_PROCESS_LIST));
+    std::optional<RefreshGate::Pass> pass;
+    if (list) pass.emplace(list->GetRefreshGate(), mainWindow_);
+    // The only call of Update() in the program: every reader of this cycle sees the new snapshot.
+    provider_.Update();
 }
 
 void RefreshCycle::WaitForPeriod(DWORD cycleStart) const {

@@ -82,6 +82,7 @@ private:
     static DWORD WINAPI ThreadMain(void* self);
     void RunCycles();
     void RunOneCycle();
+    void UpdateProvider();
     void WaitForPeriod(DWORD cycleStart) const;
     void RebuildRateMenu() const;
 

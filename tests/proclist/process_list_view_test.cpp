@@ -407,3 +407,64 @@ TEST_F(ProcessListViewTest, SortingWithAnEndedProcessStillInTheListDoesNotFail) 
 
 }  // namespace
 }  // namespace proclist_test
+
+namespace proclist_test {
+namespace {
+
+// Every row's cells belong to the process whose PID the row carries.
+void ExpectCellsMatchRowPids(HWND list, const FakeProcessSource& source) {
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        const unsigned pid = PidOfRow(list, row);
+        EXPECT_EQ(CellText(list, row, proclist::kColumnProcessId), std::to_wstring(pid)) << "row " << row;
+        const int index = source.GetItemByPid(pid);
+        ASSERT_GE(index, 0);
+        EXPECT_EQ(CellText(list, row, proclist::kColumnCpuUsage),
+                  proclist::FormatCpuCell(source.processes[index].values.cpuPercent, true))
+            << "row " << row;
+    }
+}
+
+TEST_F(ProcessListViewTest, CellsStayWithTheirRowsAcrossSortsWithDistinctKeys) {
+    list_.SetSortState({proclist::kSortCpuUsage, false});
+    const unsigned pids[] = {10, 20, 30, 40, 50};
+    for (unsigned i = 0; i < 5; ++i) source_->Add(pids[i], L"busy.exe").values.cpuPercent = 10 + i;
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{50, 40, 30, 20, 10}));
+    // Turn the order round: the rows move and the changed cells must be written to the moved rows.
+    for (unsigned i = 0; i < 5; ++i) source_->Find(pids[i])->values.cpuPercent = 50 - i;
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 20, 30, 40, 50}));
+    source_->Find(30)->values.cpuPercent = 99;
+    list_.Refresh();
+    list_.Refresh();
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{30, 10, 20, 40, 50}));
+    ExpectCellsMatchRowPids(ListView(), *source_);
+}
+
+TEST_F(ProcessListViewTest, CellsStayWithTheirRowsAcrossSortsWithEqualKeys) {
+    list_.SetSortState({proclist::kSortCpuUsage, false});
+    for (unsigned pid : {11u, 22u, 33u, 44u, 55u, 66u}) source_->Add(pid, L"idle.exe");
+    source_->Find(11)->values.cpuPercent = 7;  // last row before the sort, so the order check moves it
+    list_.Refresh();
+    for (int round = 0; round < 3; ++round) {
+        source_->Find(66)->values.cpuPercent = 20 + round;
+        source_->Find(11)->values.cpuPercent = round;
+        list_.Refresh();
+        list_.Refresh();
+        ExpectCellsMatchRowPids(ListView(), *source_);
+    }
+}
+
+TEST_F(ProcessListViewTest, RowsRemovedBehindTheListsBackAreRewritten) {
+    list_.SetSortState({kUnsorted, false});
+    AddNumbered({10, 20, 30});
+    list_.Refresh();
+    ListView_DeleteItem(ListView(), 0);
+    ListView_SetItemText(ListView(), 0, proclist::kColumnProcessId, const_cast<wchar_t*>(L"stale"));
+    list_.Refresh();
+    ASSERT_EQ(Rows(), (std::vector<unsigned>{30, 20, 10}));
+    ExpectCellsMatchRowPids(ListView(), *source_);
+}
+
+}  // namespace
+}  // namespace proclist_test
