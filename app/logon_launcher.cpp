@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace lmvx {
 namespace {

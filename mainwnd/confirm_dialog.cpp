@@ -4,7 +4,7 @@
 #include <new>
 
 #include "app/lmvx.h"
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "dialog_ids.h"
 #include "finch.h"
 #include "mainwnd/owner_button.h"

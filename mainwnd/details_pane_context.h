@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "kestrel.h"
 #include "mainwnd/details_pane.h"
 

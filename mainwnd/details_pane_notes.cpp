@@ -1,6 +1,6 @@
 #include "mainwnd/details_pane_notes.h"
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace lmvx {
 

@@ -5,7 +5,7 @@
 #include <atomic>
 
 #include "app/lmvx.h"
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "mainwnd/main_window_layout.h"
 #include "perf/perf_displays.h"
 #include "perf/toolbar.h"

@@ -3,7 +3,7 @@
 
 #include <iterator>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace lmvx {
 

@@ -3,7 +3,7 @@
 #pragma once
 #include <windows.h>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "kestrel.h"
 #include "mainwnd/process_menu_items.h"
 

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "mainwnd/process_menu_entry.h"
 
 namespace lmvx {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "command_ids.h"
 #include "finch.h"
 #include "mainwnd/process_windows_rules.h"

@@ -9,7 +9,7 @@
 #include <memory>
 #include <new>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace lmvx {
 

@@ -4,19 +4,13 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace lmvx {
 
 // Control id of the toolbar window, so the main window's layout finds it with GetDlgItem.
 inline constexpr int kToolbarControlId = 111;
 
-struct ImageListTraits {
-    using Type = HIMAGELIST;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Close(Type h) noexcept { ImageList_Destroy(h); }
-};
-using UniqueImageList = UniqueResource<ImageListTraits>;
 
 struct Toolbar {
     HWND window = nullptr;     // child of the main window, destroyed with it

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "finch.h"
 #include "perf/cpu_level.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "finch.h"
 #include "resource.h"
 #include "run/run_command.h"

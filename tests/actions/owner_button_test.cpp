@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <thread>
 
-#include "app/unique_handle.h"
+#include "common/unique_resource.h"
 #include "finch.h"
 #include "pane_test_environment.h"
 #include "resource.h"
