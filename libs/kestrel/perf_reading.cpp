@@ -56,7 +56,8 @@ bool ReadMemory(SystemReading& reading) {
 
 // Counted from the same list the process provider reads, so both agree on what a process is.
 bool ReadProcessCount(SystemReading& reading) {
-    detail::SystemProcessBuffer processes;
+    // One buffer per reading thread, kept grown from one reading to the next.
+    thread_local detail::SystemProcessBuffer processes;
     if (!processes.Query()) return false;
     uint32_t count = 0;
     processes.ForEach([&](const nt::SystemProcessEntry&) { ++count; });

@@ -50,9 +50,7 @@ int PRM_ResumeProcess(unsigned pid) {
 
 int PRM_IsProcessSuspended(unsigned pid) {
     if (pid == GetCurrentProcessId()) return 0;   // the calling thread is running
-    std::vector<int> states;
-    for (DWORD threadId : detail::ThreadIdsOfProcess(pid)) states.push_back(detail::ThreadSuspendState(threadId));
-    return detail::AllThreadsSuspended(states) ? 1 : 0;
+    return detail::AllThreadsSuspended(detail::ThreadSuspendStatesOfProcess(pid)) ? 1 : 0;
 }
 
 int PRM_ResumeAll() {

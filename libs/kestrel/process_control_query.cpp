@@ -6,16 +6,6 @@
 
 namespace kestrel::detail {
 
-namespace {
-
-struct SnapshotTraits {
-    using Type = HANDLE;
-    static Type Invalid() { return INVALID_HANDLE_VALUE; }
-    static void Close(Type value) { CloseHandle(value); }
-};
-
-}  // namespace
-
 UniqueHandle OpenLiveProcess(unsigned pid, DWORD access) {
     UniqueHandle process(OpenProcess(access | SYNCHRONIZE, FALSE, pid));
     if (!process) return process;
@@ -28,7 +18,7 @@ UniqueHandle OpenLiveProcess(unsigned pid, DWORD access) {
 
 std::vector<DWORD> AllProcessIds() {
     std::vector<DWORD> ids;
-    UniqueResource<SnapshotTraits> snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    lmvx::UniqueFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     if (!snapshot) return ids;
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
@@ -40,7 +30,7 @@ std::vector<DWORD> AllProcessIds() {
 
 std::vector<DWORD> ThreadIdsOfProcess(unsigned pid) {
     std::vector<DWORD> ids;
-    UniqueResource<SnapshotTraits> snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+    lmvx::UniqueFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
     if (!snapshot) return ids;
     THREADENTRY32 entry = {};
     entry.dwSize = sizeof(entry);
@@ -50,17 +40,54 @@ std::vector<DWORD> ThreadIdsOfProcess(unsigned pid) {
     return ids;
 }
 
+namespace {
+
+// There is no portable query of a thread's suspend count: suspending it once more returns the count it
+// had, and the resume right after restores it.
+int SuspendStateOfOpenThread(HANDLE thread) {
+    const DWORD previousCount = SuspendThread(thread);
+    if (previousCount == static_cast<DWORD>(-1)) return -1;
+    ResumeThread(thread);
+    return previousCount > 0 ? 1 : 0;
+}
+
+using NextThreadFn = LONG(NTAPI*)(HANDLE process, HANDLE thread, ACCESS_MASK access, ULONG attributes, ULONG flags,
+                                  HANDLE* next);
+
+NextThreadFn NextThreadCall() {
+    static const auto call = reinterpret_cast<NextThreadFn>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtGetNextThread")));
+    return call;
+}
+
+}  // namespace
+
+std::vector<int> ThreadSuspendStatesOfProcess(unsigned pid) {
+    const NextThreadFn nextThread = NextThreadCall();
+    if (!nextThread) {
+        std::vector<int> states;
+        for (DWORD threadId : ThreadIdsOfProcess(pid)) states.push_back(ThreadSuspendState(threadId));
+        return states;
+    }
+    std::vector<int> states;
+    UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, pid));
+    if (!process) return states;
+    UniqueHandle thread;
+    for (;;) {
+        HANDLE next = nullptr;
+        if (nextThread(process.Get(), thread.Get(), THREAD_SUSPEND_RESUME, 0, 0, &next) < 0) break;
+        thread.Reset(next);
+        states.push_back(SuspendStateOfOpenThread(thread.Get()));
+    }
+    return states;
+}
+
 int ThreadSuspendState(DWORD threadId) {
     // Suspending a thread from itself would never return; the calling thread is running by definition.
     if (threadId == GetCurrentThreadId()) return 0;
     UniqueHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, threadId));
     if (!thread) return -1;
-    // There is no portable query of a thread's suspend count: suspending it once more returns the count it
-    // had, and the resume right after restores it.
-    const DWORD previousCount = SuspendThread(thread.Get());
-    if (previousCount == static_cast<DWORD>(-1)) return -1;
-    ResumeThread(thread.Get());
-    return previousCount > 0 ? 1 : 0;
+    return SuspendStateOfOpenThread(thread.Get());
 }
 
 bool AllThreadsSuspended(const std::vector<int>& suspendStates) {
