@@ -4,6 +4,7 @@
 #include <psapi.h>
 #include <winternl.h>
 
+#include "latest_process_count.h"
 #include "system_process_buffer.h"
 
 namespace kestrel::perf {
@@ -56,6 +57,10 @@ bool ReadMemory(SystemReading& reading) {
 
 // Counted from the same list the process provider reads, so both agree on what a process is.
 bool ReadProcessCount(SystemReading& reading) {
+    if (const auto recent = detail::RecentProcessCount(1000)) {
+        reading.processCount = *recent;
+        return true;
+    }
     // One buffer per reading thread, kept grown from one reading to the next.
     thread_local detail::SystemProcessBuffer processes;
     if (!processes.Query()) return false;

@@ -1,5 +1,6 @@
 #include "process_list_impl.h"
 
+#include "latest_process_count.h"
 #include "process_math.h"
 #include "process_tree.h"
 
@@ -68,6 +69,7 @@ bool ProcessListImpl::Update() {
         createTimes.push_back(Value(entry.CreateTime));
     });
     PlaceInTree(*next, createTimes);
+    PublishProcessCount(static_cast<unsigned>(next->items.size()));
 
     next->indexByPid.reserve(next->items.size());
     for (size_t i = 0; i < next->items.size(); ++i) next->indexByPid.emplace_back(next->items[i].pid, static_cast<int>(i));
