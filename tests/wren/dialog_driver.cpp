@@ -31,8 +31,10 @@ void DialogDriver::Run(DWORD ownerThread) {
         Search search;
         EnumThreadWindows(ownerThread, FindVisibleDialog, reinterpret_cast<LPARAM>(&search));
         if (search.found) {
-            action_(search.found);
+            // Marked before acting: the action may end the dialog, and the test reads the mark as soon as
+            // the dialog call returns, possibly before this thread runs again.
             acted_ = true;
+            action_(search.found);
             return;
         }
         Sleep(10);
