@@ -2,26 +2,12 @@
 
 #include <windows.h>
 
+#include "mainwnd/priority_names.h"
 #include "mainwnd/process_windows_text.h"
 #include "resource.h"
 
 namespace lmvx {
 namespace {
-
-struct PriorityItem {
-    unsigned commandId;
-    unsigned priorityClass;
-    unsigned textId;
-};
-
-constexpr PriorityItem kPriorityItems[] = {
-    {IDM_PRIORITY_REALTIME, REALTIME_PRIORITY_CLASS, IDS_PRIORITY_REALTIME},
-    {IDM_PRIORITY_HIGH, HIGH_PRIORITY_CLASS, IDS_PRIORITY_HIGH},
-    {IDM_PRIORITY_ABOVE_NORMAL, ABOVE_NORMAL_PRIORITY_CLASS, IDS_PRIORITY_ABOVE_NORMAL},
-    {IDM_PRIORITY_NORMAL, NORMAL_PRIORITY_CLASS, IDS_PRIORITY_NORMAL},
-    {IDM_PRIORITY_BELOW_NORMAL, BELOW_NORMAL_PRIORITY_CLASS, IDS_PRIORITY_BELOW_NORMAL},
-    {IDM_PRIORITY_IDLE, IDLE_PRIORITY_CLASS, IDS_PRIORITY_IDLE},
-};
 
 MenuEntry Item(unsigned commandId, unsigned textId, bool grayed = false) {
     MenuEntry entry;
@@ -71,8 +57,8 @@ std::vector<MenuEntry> ProcessMenuEntries(const ProcessMenuFacts& facts) {
 
 std::vector<MenuEntry> PriorityMenuEntries(unsigned priorityClass, bool suspended, bool ownProcess) {
     std::vector<MenuEntry> entries;
-    for (const PriorityItem& item : kPriorityItems) {
-        MenuEntry entry = Item(item.commandId, item.textId);
+    for (const PriorityEntry& item : kPriorityEntries) {
+        MenuEntry entry = Item(item.commandId, item.nameId);
         entry.checked = priorityClass == item.priorityClass;
         // Lumivex must never be able to lower itself to idle.
         entry.grayed = ownProcess && item.commandId == IDM_PRIORITY_IDLE;

@@ -1,7 +1,8 @@
 // Measures what the running program costs: its CPU time per refresh cycle as a share of one core, and
 // its private bytes over a long run. Starts idle children first so the list is a realistic size.
 //
-//   lmvx_program_cost_bench [--interval ms] [--seconds n] [--children n] [--sample-every s]
+//   lmvx_program_cost_bench [--interval ms] [--seconds n] [--children n] [--sample-every s] [--pin 1]
+//                           [--language 0x0407]
 //
 // Prints figures; asserts nothing.
 #include <windows.h>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "child_process.h"
+#include "popup_pinning.h"
 #include "program_runner.h"
 #include "settings_seed.h"
 
@@ -25,6 +27,8 @@ struct Options {
     unsigned seconds = 60;
     unsigned children = 150;
     unsigned sampleEverySeconds = 30;
+    bool pinPopups = false;
+    LANGID language = 0x0409;
 };
 
 Options ParseOptions(int argc, wchar_t** argv) {
@@ -35,6 +39,8 @@ Options ParseOptions(int argc, wchar_t** argv) {
         if (!wcscmp(argv[i], L"--seconds")) options.seconds = value;
         if (!wcscmp(argv[i], L"--children")) options.children = value;
         if (!wcscmp(argv[i], L"--sample-every")) options.sampleEverySeconds = value ? value : 1;
+        if (!wcscmp(argv[i], L"--pin")) options.pinPopups = value != 0;
+        if (!wcscmp(argv[i], L"--language")) options.language = static_cast<LANGID>(wcstoul(argv[i + 1], nullptr, 0));
     }
     return options;
 }
@@ -96,7 +102,7 @@ SIZE_T PrivateBytes(HANDLE process) {
 int wmain(int argc, wchar_t** argv) {
     const Options options = ParseOptions(argc, argv);
     using namespace lmvx::test;
-    SeedQuietStart(0x0409);
+    SeedQuietStart(options.language);
     StoreDword(L"UpdateInterval", options.intervalMs);
 
     std::vector<std::unique_ptr<lmvx_test::ChildProcess>> idle;
@@ -115,6 +121,11 @@ int wmain(int argc, wchar_t** argv) {
         return 1;
     }
     Sleep(5000);   // let the caches fill: the steady state is what counts
+    if (options.pinPopups) {
+        const lmvx_bench::PinnedPopups popups = lmvx_bench::ShowAndPinPopups(main, 10000);
+        wprintf(L"CPU pop-up %ls, memory pop-up %ls\n", popups.cpu ? L"pinned" : L"NOT pinned",
+                popups.memory ? L"pinned" : L"NOT pinned");
+    }
 
     const ULONGLONG cpuStart = CpuTime100ns(program.Pid());
     const ULONGLONG wallStart = GetTickCount64();
@@ -132,8 +143,8 @@ int wmain(int argc, wchar_t** argv) {
     const double wallSeconds = (GetTickCount64() - wallStart) / 1000.0;
     const double cycles = wallSeconds * 1000.0 / (options.intervalMs ? options.intervalMs : 100);
 
-    wprintf(L"refresh interval: %u ms, idle children started: %u, run: %.0f s\n", options.intervalMs,
-            options.children, wallSeconds);
+    wprintf(L"refresh interval: %u ms, pop-ups %ls, idle children started: %u, run: %.0f s\n", options.intervalMs,
+            options.pinPopups ? L"pinned open" : L"closed", options.children, wallSeconds);
     wprintf(L"program CPU: %.3f s = %.3f %% of one core, %.3f ms per cycle\n", cpuSeconds,
             100.0 * cpuSeconds / wallSeconds, 1000.0 * cpuSeconds / cycles);
     const size_t half = privateSamples.size() / 2;
