@@ -1,7 +1,6 @@
 #include "perf_reading.h"
 
 #include <windows.h>
-#include <psapi.h>
 #include <winternl.h>
 
 #include "latest_process_count.h"
@@ -23,36 +22,37 @@ bool ReadProcessorTimes(SystemReading& reading) {
     return true;
 }
 
-bool ReadContextSwitches(SystemReading& reading) {
+unsigned PageSize() {
+    static const unsigned size = [] {
+        SYSTEM_INFO system{};
+        GetSystemInfo(&system);
+        return static_cast<unsigned>(system.dwPageSize);
+    }();
+    return size;
+}
+
+// Context switches, commit charge and system cache from one SystemPerformanceInformation query.
+// (GetPerformanceInfo gives the same memory figures but also counts processes, threads and handles, which
+// costs a full process-list query: under Wine several /proc files per process, each cycle.)
+bool ReadPerformanceInformation(SystemReading& reading) {
     SYSTEM_PERFORMANCE_INFORMATION info{};
     ULONG length = 0;
     if (NtQuerySystemInformation(SystemPerformanceInformation, &info, sizeof info, &length) != 0) return false;
+    const uint64_t page = PageSize();
     reading.contextSwitches = info.ContextSwitches;
+    reading.commitTotalBytes = info.TotalCommittedPages * page;
+    reading.commitLimitBytes = info.TotalCommitLimit * page;
+    reading.systemCacheBytes = info.MmSystemCachePage * page;
     return true;
 }
 
-bool ReadMemory(SystemReading& reading) {
+bool ReadPhysicalMemory(SystemReading& reading) {
     MEMORYSTATUSEX memory{};
     memory.dwLength = sizeof memory;
-    const bool haveMemory = GlobalMemoryStatusEx(&memory) != FALSE;
-    if (haveMemory) {
-        reading.physicalTotalBytes = memory.ullTotalPhys;
-        reading.physicalAvailableBytes = memory.ullAvailPhys;
-    }
-    PERFORMANCE_INFORMATION performance{};
-    performance.cb = sizeof performance;
-    const bool havePerformance = GetPerformanceInfo(&performance, sizeof performance) != FALSE;
-    if (havePerformance) {
-        const uint64_t page = performance.PageSize;
-        reading.commitTotalBytes = performance.CommitTotal * page;
-        reading.commitLimitBytes = performance.CommitLimit * page;
-        reading.systemCacheBytes = performance.SystemCache * page;
-    } else if (haveMemory) {
-        // Without the performance information the page file figures describe the commit charge.
-        reading.commitTotalBytes = memory.ullTotalPageFile - memory.ullAvailPageFile;
-        reading.commitLimitBytes = memory.ullTotalPageFile;
-    }
-    return haveMemory || havePerformance;
+    if (!GlobalMemoryStatusEx(&memory)) return false;
+    reading.physicalTotalBytes = memory.ullTotalPhys;
+    reading.physicalAvailableBytes = memory.ullAvailPhys;
+    return true;
 }
 
 // Counted from the same list the process provider reads, so both agree on what a process is.
@@ -76,10 +76,10 @@ bool TakeSystemReading(SystemReading& reading) {
     reading = {};
     reading.tickMs = GetTickCount64();
     const bool times = ReadProcessorTimes(reading);
-    const bool switches = ReadContextSwitches(reading);
-    const bool memory = ReadMemory(reading);
+    const bool performance = ReadPerformanceInformation(reading);
+    const bool memory = ReadPhysicalMemory(reading);
     const bool processes = ReadProcessCount(reading);
-    return times || switches || memory || processes;
+    return times || performance || memory || processes;
 }
 
 }  // namespace kestrel::perf
