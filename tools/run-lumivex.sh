@@ -15,20 +15,8 @@ fi
 
 shots="$build/screenshots"
 mkdir -p "$shots"
-n=95
-while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
-Xvfb ":$n" -screen 0 1280x800x24 -nolisten tcp </dev/null >"$shots/xvfb.log" 2>&1 &
-xvfb=$!
-trap 'wineserver -k </dev/null >/dev/null 2>&1 || true; kill $xvfb 2>/dev/null || true' EXIT
-export DISPLAY=":$n"
-i=0
-while [ ! -e "/tmp/.X11-unix/X$n" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done
-
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
-    echo "Creating the Wine prefix $WINEPREFIX (first run only)..."
-    wineboot -i </dev/null >/dev/null 2>&1 || true
-    wineserver -w </dev/null >/dev/null 2>&1 || true
-fi
+headless_size=1280x800 headless_logs="$shots"
+. "$(dirname "$0")/headless-wine.sh"
 # Nobody can answer the first-start language choice here: English, unless a choice is stored already.
 settings='HKCU\Software\Orvane Software\Lumivex\Settings'
 wine reg query "$settings" /v LanguageID </dev/null >/dev/null 2>&1 ||

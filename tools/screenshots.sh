@@ -10,20 +10,8 @@ bin="$build/bin"
 work="$build/screenshots"
 mkdir -p "$work" "$root/docs"
 
-n=96
-while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
-Xvfb ":$n" -screen 0 1024x700x24 -nolisten tcp </dev/null >"$work/xvfb.log" 2>&1 &
-xvfb=$!
-trap 'wineserver -k </dev/null >/dev/null 2>&1 || true; kill $xvfb 2>/dev/null || true' EXIT
-export DISPLAY=":$n"
-i=0
-while [ ! -e "/tmp/.X11-unix/X$n" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done
-
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
-    echo "Creating the Wine prefix $WINEPREFIX (first run only)..."
-    wineboot -i </dev/null >/dev/null 2>&1 || true
-    wineserver -w </dev/null >/dev/null 2>&1 || true
-fi
+headless_size=1024x700 headless_logs="$work"
+. "$root/tools/headless-wine.sh"
 wineserver -p </dev/null >/dev/null 2>&1
 
 settings='HKCU\Software\Orvane Software\Lumivex\Settings'
