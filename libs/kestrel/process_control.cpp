@@ -50,7 +50,7 @@ int PRM_ResumeProcess(unsigned pid) {
 
 int PRM_IsProcessSuspended(unsigned pid) {
     if (pid == GetCurrentProcessId()) return 0;   // the calling thread is running
-    return detail::AllThreadsSuspended(detail::ThreadSuspendStatesOfProcess(pid)) ? 1 : 0;
+    return detail::AllThreadsSuspended(pid) ? 1 : 0;
 }
 
 int PRM_ResumeAll() {

@@ -62,24 +62,25 @@ NextThreadFn NextThreadCall() {
 
 }  // namespace
 
-std::vector<int> ThreadSuspendStatesOfProcess(unsigned pid) {
+bool AllThreadsSuspended(unsigned pid) {
     const NextThreadFn nextThread = NextThreadCall();
     if (!nextThread) {
-        std::vector<int> states;
-        for (DWORD threadId : ThreadIdsOfProcess(pid)) states.push_back(ThreadSuspendState(threadId));
-        return states;
+        const std::vector<DWORD> threads = ThreadIdsOfProcess(pid);
+        return !threads.empty() && std::all_of(threads.begin(), threads.end(),
+                                               [](DWORD threadId) { return ThreadSuspendState(threadId) == 1; });
     }
-    std::vector<int> states;
     UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, pid));
-    if (!process) return states;
+    if (!process) return false;
     UniqueHandle thread;
+    bool sawThread = false;
     for (;;) {
         HANDLE next = nullptr;
         if (nextThread(process.Get(), thread.Get(), THREAD_SUSPEND_RESUME, 0, 0, &next) < 0) break;
         thread.Reset(next);
-        states.push_back(SuspendStateOfOpenThread(thread.Get()));
+        if (SuspendStateOfOpenThread(thread.Get()) != 1) return false;
+        sawThread = true;
     }
-    return states;
+    return sawThread;
 }
 
 int ThreadSuspendState(DWORD threadId) {
@@ -88,11 +89,6 @@ int ThreadSuspendState(DWORD threadId) {
     UniqueHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, threadId));
     if (!thread) return -1;
     return SuspendStateOfOpenThread(thread.Get());
-}
-
-bool AllThreadsSuspended(const std::vector<int>& suspendStates) {
-    return !suspendStates.empty() &&
-           std::all_of(suspendStates.begin(), suspendStates.end(), [](int state) { return state == 1; });
 }
 
 }  // namespace kestrel::detail

@@ -20,11 +20,11 @@ std::vector<DWORD> AllProcessIds();
 std::vector<DWORD> ThreadIdsOfProcess(unsigned pid);
 // 1 when the thread is suspended, 0 when it runs, -1 when that cannot be found out.
 int ThreadSuspendState(DWORD threadId);
-// The suspend states of every thread of a process, walked through the process's own thread list
-// (NtGetNextThread) rather than a system-wide snapshot, which costs a full process-list query each time.
-// Falls back to the snapshot where the call is missing. Empty when the process cannot be opened.
-std::vector<int> ThreadSuspendStatesOfProcess(unsigned pid);
-// True when the list is not empty and every thread in it is suspended.
-bool AllThreadsSuspended(const std::vector<int>& suspendStates);
+// True when the process has threads and every one of them is suspended. The threads are walked through
+// the process's own thread list (NtGetNextThread) rather than a system-wide snapshot, which costs a full
+// process-list query each time, and the walk stops at the first thread that runs: each look at a thread
+// suspends and resumes it, and a running process answers at its first thread. Falls back to the snapshot
+// where the call is missing. False when the process cannot be opened.
+bool AllThreadsSuspended(unsigned pid);
 
 }  // namespace kestrel::detail

@@ -26,6 +26,22 @@ int SleepVerb(Arguments arguments) {
     return 0;
 }
 
+// threads <n> <ms>: starts n more threads that idle, then idles itself; exits with 0 after ms.
+int ThreadsVerb(Arguments arguments) {
+    DWORD extraThreads = 0;
+    DWORD milliseconds = 0;
+    if (!ReadMilliseconds(arguments, extraThreads) || !ReadMilliseconds(arguments.subspan(1), milliseconds)) {
+        return ExitUsage;
+    }
+    for (DWORD i = 0; i < extraThreads; ++i) {
+        HANDLE thread = CreateThread(nullptr, 0, [](void*) -> DWORD { Sleep(INFINITE); return 0; }, nullptr, 0, nullptr);
+        if (!thread) return ExitFailed;
+        CloseHandle(thread);
+    }
+    Sleep(milliseconds);
+    return 0;
+}
+
 // burn <ms>: keeps one processor busy for that long.
 int BurnVerb(Arguments arguments) {
     DWORD milliseconds = 0;
@@ -104,6 +120,7 @@ int NoteVerb(Arguments arguments) {
 constexpr VerbEntry VerbTable[] = {
     {L"sleep", SleepVerb, L"sleep <ms>"},
     {L"burn", BurnVerb, L"burn <ms>"},
+    {L"threads", ThreadsVerb, L"threads <n> <ms>"},
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
