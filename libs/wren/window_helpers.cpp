@@ -24,6 +24,12 @@ RECT WorkAreaNear(HWND window) {
 
 // A control's whole text, however long.
 std::wstring WindowText(HWND window) {
+    // One read covers every usual text. A control of another thread answers each read with a message
+    // round trip, so the length is asked for only when the text fills the buffer.
+    constexpr int kUsualLength = 512;
+    wchar_t usual[kUsualLength];
+    const int copied = GetWindowTextW(window, usual, kUsualLength);
+    if (copied < kUsualLength - 1) return std::wstring(usual, static_cast<size_t>(copied > 0 ? copied : 0));
     std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
     return text;

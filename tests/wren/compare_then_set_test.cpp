@@ -36,13 +36,17 @@ TEST_F(DialogItemText, DifferentTextIsWrittenOnce) {
 }
 
 TEST_F(DialogItemText, LongEqualTextIsComparedInFull) {
-    const std::wstring longText(2000, L'x');
-    wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
-    MessageCounter setText(edit_, WM_SETTEXT);
-    wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
-    EXPECT_EQ(setText.Seen(), 0);
-    wren::SetDlgItemTextW(parent_.get(), kEditId, (longText + L"y").c_str());
-    EXPECT_EQ(setText.Seen(), 1);
+    // Around the length that one short read covers, and far beyond it.
+    for (size_t length : {510u, 511u, 512u, 513u, 2000u}) {
+        const std::wstring longText(length, L'x');
+        wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
+        MessageCounter setText(edit_, WM_SETTEXT);
+        wren::SetDlgItemTextW(parent_.get(), kEditId, longText.c_str());
+        EXPECT_EQ(setText.Seen(), 0) << length;
+        wren::SetDlgItemTextW(parent_.get(), kEditId, (longText + L"y").c_str());
+        EXPECT_EQ(setText.Seen(), 1) << length;
+        EXPECT_EQ(TextOf(edit_), longText + L"y") << length;
+    }
 }
 
 TEST_F(DialogItemText, EmptyAndNullTextClearTheControl) {
