@@ -5,6 +5,7 @@
 #include "mainwnd/process_menu.h"
 #include "mainwnd/process_windows.h"
 #include "resource.h"
+#include "wren.h"
 
 namespace lmvx {
 namespace {
@@ -35,11 +36,15 @@ void CloseSelectedProcessWindow(const MainWindowState& state) {
 
 void RefreshProcessMenu(const MainWindowState& state) {
     const unsigned pid = SelectedPid(state);
-    if (!state.menuOpen) RebuildProcessPopup(state.window, g_processList, pid);
+    // One look at the process serves the menu and the pause button: each look at its suspension
+    // suspends and resumes one of its threads.
+    const ProcessMenuFacts facts = GatherProcessMenuFacts(g_processList, pid);
+    if (!state.menuOpen) RebuildProcessPopup(state.window, g_processList, pid, facts);
     if (HWND pane = state.children.detailsPane) {
-        const bool suspended = kestrel::PRM_IsProcessSuspended(pid) != 0;
-        SetDlgItemTextW(pane, IDC_PANE_PAUSE,
-                        UIL_LangModule.GetLangString(suspended ? IDS_RESUME_PROCESS : IDS_PAUSE_PROCESS));
+        const bool suspended = facts.inSnapshot ? facts.suspended : kestrel::PRM_IsProcessSuspended(pid) != 0;
+        // Compared first, so an unchanged button is not repainted on every cycle.
+        wren::SetDlgItemTextW(pane, IDC_PANE_PAUSE,
+                              UIL_LangModule.GetLangString(suspended ? IDS_RESUME_PROCESS : IDS_PAUSE_PROCESS));
     }
 }
 

@@ -227,9 +227,12 @@ int DetailsPanePreferredWidth(HWND pane) {
 void DetailsPaneShowProcess(HWND pane, unsigned pid) {
     DetailsPaneContext* context = PaneContextOf(pane);
     if (!context) return;
-    const bool changed = pid != DetailsPaneShownPid(pane);
-    if (changed) SaveNoteFromEdit(GetDlgItem(pane, IDC_PANE_NOTES), context->noteName);
-    SetDlgItemInt(pane, IDC_PANE_SHOWN_PID, pid, FALSE);
+    const bool changed = pid != context->shownPid;
+    if (changed) {
+        SaveNoteFromEdit(GetDlgItem(pane, IDC_PANE_NOTES), context->noteName);
+        SetDlgItemInt(pane, IDC_PANE_SHOWN_PID, pid, FALSE);
+        context->shownPid = pid;
+    }
     RefreshPaneViews(*context, changed);
 }
 

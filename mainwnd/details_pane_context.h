@@ -19,6 +19,10 @@ struct DetailsPaneContext {
     UniqueIcon processIcon;     // a copy: the provider's icons live only until its next update
     std::wstring noteName;      // value name of the note in the edit
     UniqueGdiObject linkFont;   // underlined dialog font of the priority link
+    // What the pane shows, as last written: the refresh thread compares with these instead of reading
+    // the controls back, which would cost a message round trip to the pane's thread for each one.
+    unsigned shownPid = 0;      // mirrors the hidden PID field, which only DetailsPaneShowProcess writes
+    std::wstring shownTexts[4];   // name, second line, path, priority
 };
 
 DetailsPaneContext* PaneContextOf(HWND pane);

@@ -1,4 +1,5 @@
 // What the details pane shows of its process: icon, names, path, priority, note and the small graph.
+#include <iterator>
 #include <string>
 
 #include "mainwnd/details_pane_context.h"
@@ -14,11 +15,16 @@ constexpr COLORREF kCpuColour = RGB(0, 200, 0);
 constexpr COLORREF kMemoryColour = RGB(255, 200, 0);
 constexpr COLORREF kMemoryFill = RGB(96, 80, 0);
 
-void ShowTexts(HWND pane, const wchar_t* name, const wchar_t* company, const wchar_t* path, const wchar_t* priority) {
-    wren::SetDlgItemTextW(pane, IDC_PANE_NAME, name);
-    wren::SetDlgItemTextW(pane, IDC_PANE_SECOND_LINE, company);
-    wren::SetDlgItemTextW(pane, IDC_PANE_PATH, path);
-    wren::SetDlgItemTextW(pane, IDC_PANE_PRIORITY_LINK, priority);
+void ShowTexts(DetailsPaneContext& context, const wchar_t* name, const wchar_t* company, const wchar_t* path,
+               const wchar_t* priority) {
+    constexpr int kControls[] = {IDC_PANE_NAME, IDC_PANE_SECOND_LINE, IDC_PANE_PATH, IDC_PANE_PRIORITY_LINK};
+    const wchar_t* const texts[] = {name, company, path, priority};
+    for (size_t i = 0; i < std::size(kControls); ++i) {
+        const wchar_t* text = texts[i] ? texts[i] : L"";
+        if (context.shownTexts[i] == text) continue;   // unchanged: no message, no repaint
+        SetDlgItemTextW(context.pane, kControls[i], text);
+        context.shownTexts[i] = text;
+    }
 }
 
 void ShowProcessIcon(DetailsPaneContext& context, HICON providerIcon) {
@@ -39,13 +45,12 @@ void ShowNoteOf(DetailsPaneContext& context, const wchar_t* imageName) {
 
 void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
     const kestrel::TL_PROCESSLIST& provider = *context.provider;
-    const unsigned pid = GetDlgItemInt(context.pane, IDC_PANE_SHOWN_PID, nullptr, FALSE);
-    const int item = provider.GetItemByPID(pid);
+    const int item = provider.GetItemByPID(context.shownPid);
     InvalidateRect(GetDlgItem(context.pane, IDC_PANE_GRAPH), nullptr, FALSE);
     if (item < 0) {
         // A process that has ended keeps its last view until another one is selected.
         if (processChanged) {
-            ShowTexts(context.pane, L"", L"", L"", L"");
+            ShowTexts(context, L"", L"", L"", L"");
             ShowProcessIcon(context, nullptr);
             ShowNoteOf(context, L"");
         }
@@ -53,7 +58,7 @@ void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
     }
     const unsigned priority = provider.GetItemProcessPriority(item);
     const wchar_t* priorityText = context.actions.priorityName ? context.actions.priorityName(priority) : L"";
-    ShowTexts(context.pane, provider.GetItemImageName(item), provider.GetItemInfoCompanyName(item),
+    ShowTexts(context, provider.GetItemImageName(item), provider.GetItemInfoCompanyName(item),
               provider.GetItemPathName(item), priorityText);
     if (processChanged) {
         ShowProcessIcon(context, provider.GetItemIcon(item));
@@ -62,7 +67,7 @@ void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
 }
 
 void DrawPaneGraph(const DetailsPaneContext& context, const DRAWITEMSTRUCT& item) {
-    const unsigned pid = GetDlgItemInt(context.pane, IDC_PANE_SHOWN_PID, nullptr, FALSE);
+    const unsigned pid = context.shownPid;
     wren::PERFGRAPH* graph = context.actions.historyGraph && pid ? context.actions.historyGraph(pid) : nullptr;
     RECT area = item.rcItem;
     if (graph && graph->RenderOpen(item.hwndItem, item.hDC, 0)) {

@@ -43,25 +43,38 @@ ProcessMenuFacts GatherProcessMenuFacts(const kestrel::TL_PROCESSLIST& provider,
     return facts;
 }
 
-UniqueMenu BuildPrioritySubmenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid) {
-    const int index = provider.GetItemByPID(pid);
-    if (index < 0) return UniqueMenu();
-    const bool suspended = kestrel::PRM_IsProcessSuspended(pid) != 0;
+namespace {
+
+UniqueMenu BuildPrioritySubmenuAt(const kestrel::TL_PROCESSLIST& provider, int index, unsigned pid, bool suspended) {
     return CreatePopupFromEntries(
         PriorityMenuEntries(provider.GetItemProcessPriority(index), suspended, pid == GetCurrentProcessId()));
 }
 
-UniqueMenu BuildProcessMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid) {
-    ProcessMenuFacts facts = GatherProcessMenuFacts(provider, pid);
-    UniqueMenu priority = facts.inSnapshot ? BuildPrioritySubmenu(provider, pid) : UniqueMenu();
+}  // namespace
+
+UniqueMenu BuildPrioritySubmenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid) {
+    const int index = provider.GetItemByPID(pid);
+    if (index < 0) return UniqueMenu();
+    return BuildPrioritySubmenuAt(provider, index, pid, kestrel::PRM_IsProcessSuspended(pid) != 0);
+}
+
+UniqueMenu BuildProcessMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid, ProcessMenuFacts facts) {
+    // The facts were gathered once; the submenu reuses their suspension state instead of asking again.
+    const int index = facts.inSnapshot ? provider.GetItemByPID(pid) : -1;
+    UniqueMenu priority = index >= 0 ? BuildPrioritySubmenuAt(provider, index, pid, facts.suspended) : UniqueMenu();
     facts.priorityMenuBuilt = static_cast<bool>(priority);
     return CreatePopupFromEntries(ProcessMenuEntries(facts), std::move(priority));
 }
 
-void RebuildProcessPopup(HWND mainWindow, const kestrel::TL_PROCESSLIST& provider, unsigned pid) {
+UniqueMenu BuildProcessMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid) {
+    return BuildProcessMenu(provider, pid, GatherProcessMenuFacts(provider, pid));
+}
+
+void RebuildProcessPopup(HWND mainWindow, const kestrel::TL_PROCESSLIST& provider, unsigned pid,
+                         const ProcessMenuFacts& facts) {
     HMENU mainMenu = GetMenu(mainWindow);
     if (!mainMenu) return;
-    UniqueMenu popup = BuildProcessMenu(provider, pid);
+    UniqueMenu popup = BuildProcessMenu(provider, pid, facts);
     if (!popup) return;
     proclist::ReplacePopupAt(mainMenu, kProcessPopupPosition, proclist::UniqueMenu(popup.Release()),
                              UIL_LangModule.GetLangString(IDS_MENU_PROCESS));

@@ -21,9 +21,13 @@ ProcessMenuFacts GatherProcessMenuFacts(const kestrel::TL_PROCESSLIST& provider,
 UniqueMenu BuildPrioritySubmenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid);
 // Always a menu (only a grayed "Properties" for a process that is not in the snapshot); null on failure.
 UniqueMenu BuildProcessMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid);
+// The same from facts gathered for pid beforehand.
+UniqueMenu BuildProcessMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid, ProcessMenuFacts facts);
 
-// Puts a new process menu for pid in place of the main menu's Process popup (position 2).
-void RebuildProcessPopup(HWND mainWindow, const kestrel::TL_PROCESSLIST& provider, unsigned pid);
+// Puts a new process menu for pid, built from its facts, in place of the main menu's Process popup
+// (position 2).
+void RebuildProcessPopup(HWND mainWindow, const kestrel::TL_PROCESSLIST& provider, unsigned pid,
+                         const ProcessMenuFacts& facts);
 
 // Shows the priority submenu at (x, y); the chosen command reaches owner as WM_COMMAND.
 void ShowPriorityMenu(const kestrel::TL_PROCESSLIST& provider, unsigned pid, int x, int y, HWND owner);

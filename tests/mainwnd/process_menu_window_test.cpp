@@ -160,6 +160,38 @@ TEST_F(ProcessMenuWindowTest, TheMainMenusProcessPopupFollowsTheSelectionEachCyc
     EXPECT_STREQ(title, L"Process");
 }
 
+TEST_F(ProcessMenuWindowTest, APausedSelectionTurnsTheProcessPopupAndThePauseButtonToResume) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
+    ASSERT_TRUE(main_->SelectProcess(child.Pid(), kRowWaitMs));
+    HWND pane = FindWindowExW(main_->Get(), nullptr, nullptr, nullptr);
+    for (; pane && !GetDlgItem(pane, IDC_PANE_PAUSE); pane = FindWindowExW(main_->Get(), pane, nullptr, nullptr)) {}
+    ASSERT_NE(pane, nullptr) << "no details pane";
+    const auto pauseButtonReads = [&](const wchar_t* text) {
+        return PumpUntil(
+            [&] {
+                wchar_t shown[64] = {};
+                GetDlgItemTextW(pane, IDC_PANE_PAUSE, shown, 64);
+                return std::wstring(shown) == text;
+            },
+            kRowWaitMs);
+    };
+    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, false));
+    EXPECT_TRUE(pauseButtonReads(L"Pause Process"));
+
+    ASSERT_TRUE(kestrel::PRM_SuspendProcess(child.Pid()));
+    EXPECT_TRUE(ProcessPopupShows(IDM_RESUME_PROCESS, false));
+    EXPECT_TRUE(pauseButtonReads(L"Resume Process"));
+    const auto popup = ReadMenu(GetSubMenu(GetMenu(main_->Get()), 2));
+    const SeenItem* priority = FindText(popup, L"Priority");
+    ASSERT_NE(priority, nullptr);
+    EXPECT_TRUE(priority->submenu.back().checked) << "the Paused item of the priority submenu";
+
+    ASSERT_TRUE(kestrel::PRM_ResumeProcess(child.Pid()));
+    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, false));
+    EXPECT_TRUE(pauseButtonReads(L"Pause Process"));
+}
+
 TEST_F(ProcessMenuWindowTest, AProcessOutsideTheSnapshotGetsOnlyAGrayedProperties) {
     const lmvx::UniqueMenu menu = lmvx::BuildProcessMenu(lmvx::g_processList, lmvx::kNoProcess);
     ASSERT_TRUE(menu);
