@@ -131,12 +131,17 @@ int wmain(int argc, wchar_t** argv) {
     const ULONGLONG wallStart = GetTickCount64();
     std::vector<SIZE_T> privateSamples{PrivateBytes(program.Process())};
     wprintf(L"t=0s private=%.2f MB\n", privateSamples.back() / 1048576.0);
+    ULONGLONG cpuBefore = cpuStart;
     for (unsigned elapsed = 0; elapsed < options.seconds;) {
         const unsigned step = std::min(options.sampleEverySeconds, options.seconds - elapsed);
         Sleep(step * 1000);
         elapsed += step;
         privateSamples.push_back(PrivateBytes(program.Process()));
-        wprintf(L"t=%us private=%.2f MB\n", elapsed, privateSamples.back() / 1048576.0);
+        // The share per sample shows when the steady state was reached and whether it holds.
+        const ULONGLONG cpuNow = CpuTime100ns(program.Pid());
+        wprintf(L"t=%us private=%.2f MB, CPU over the last %u s: %.2f %% of one core\n", elapsed,
+                privateSamples.back() / 1048576.0, step, (cpuNow - cpuBefore) / 1e5 / step);
+        cpuBefore = cpuNow;
         fflush(stdout);
     }
     const double cpuSeconds = (CpuTime100ns(program.Pid()) - cpuStart) / 1e7;
