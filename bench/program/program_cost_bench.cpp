@@ -2,7 +2,11 @@
 // its private bytes over a long run. Starts idle children first so the list is a realistic size.
 //
 //   lmvx_program_cost_bench [--interval ms] [--seconds n] [--children n] [--sample-every s] [--pin 1]
-//                           [--language 0x0407]
+//                           [--language 0x0407] [--warm-up s]
+//
+// Before the program starts it also measures, in this process, the two costs every refresh cycle carries
+// whatever the program draws: the 1 ms sleep poll that waits out the period, and one bare process-list
+// query with the same processes running.
 //
 // Prints figures; asserts nothing.
 #include <windows.h>
@@ -27,6 +31,7 @@ struct Options {
     unsigned seconds = 60;
     unsigned children = 150;
     unsigned sampleEverySeconds = 30;
+    unsigned warmUpSeconds = 20;
     bool pinPopups = false;
     LANGID language = 0x0409;
 };
@@ -39,25 +44,33 @@ Options ParseOptions(int argc, wchar_t** argv) {
         if (!wcscmp(argv[i], L"--seconds")) options.seconds = value;
         if (!wcscmp(argv[i], L"--children")) options.children = value;
         if (!wcscmp(argv[i], L"--sample-every")) options.sampleEverySeconds = value ? value : 1;
+        if (!wcscmp(argv[i], L"--warm-up")) options.warmUpSeconds = value;
         if (!wcscmp(argv[i], L"--pin")) options.pinPopups = value != 0;
         if (!wcscmp(argv[i], L"--language")) options.language = static_cast<LANGID>(wcstoul(argv[i + 1], nullptr, 0));
     }
     return options;
 }
 
-// Kernel plus user time of a process, from the system's process list: under Wine, GetProcessTimes
-// reports zero times for other processes, while the system process list carries the real ones.
-ULONGLONG CpuTime100ns(DWORD pid) {
+// The system's process list into buffer, grown as needed; false when it cannot be read.
+bool QueryProcessList(std::vector<BYTE>& buffer) {
     using Query = NTSTATUS(NTAPI*)(ULONG, PVOID, ULONG, PULONG);
     static const auto query =
         reinterpret_cast<Query>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
     constexpr ULONG kSystemProcessInformation = 5;
-    std::vector<BYTE> buffer(1 << 20);
+    if (buffer.empty()) buffer.resize(1 << 20);
     ULONG needed = 0;
     while (query && query(kSystemProcessInformation, buffer.data(), static_cast<ULONG>(buffer.size()), &needed) < 0) {
-        if (buffer.size() > (64u << 20)) return 0;
+        if (buffer.size() > (64u << 20)) return false;
         buffer.resize(buffer.size() * 2);
     }
+    return query != nullptr;
+}
+
+// Kernel plus user time of a process, from the system's process list: under Wine, GetProcessTimes
+// reports zero times for other processes, while the system process list carries the real ones.
+ULONGLONG CpuTime100ns(DWORD pid) {
+    std::vector<BYTE> buffer;
+    if (!QueryProcessList(buffer)) return 0;
     // The entry's layout up to the process id: next offset, thread count, 24 bytes of other counters, the creation,
     // user and kernel times, then name and priority; the process id follows those.
     struct Entry {
@@ -97,6 +110,41 @@ SIZE_T PrivateBytes(HANDLE process) {
     return counters.privateUsage;
 }
 
+double ThreadCpuMs() {
+    FILETIME created{}, ended{}, kernel{}, user{};
+    GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user);
+    const auto value = [](const FILETIME& time) {
+        return (static_cast<ULONGLONG>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+    };
+    return (value(kernel) + value(user)) / 1e4;
+}
+
+// CPU share of one core that a thread doing nothing but Sleep(1) against GetTickCount() costs.
+double SleepPollShare(unsigned seconds) {
+    const double cpuBefore = ThreadCpuMs();
+    const DWORD start = GetTickCount();
+    while (GetTickCount() - start < seconds * 1000) Sleep(1);
+    return (ThreadCpuMs() - cpuBefore) / (seconds * 10.0);
+}
+
+// Wall time of one bare process-list query, the median of a run of them.
+double BareQueryMs(unsigned rounds) {
+    std::vector<double> times;
+    LARGE_INTEGER frequency{};
+    QueryPerformanceFrequency(&frequency);
+    std::vector<BYTE> buffer;
+    QueryProcessList(buffer);   // sized once, as a program that keeps its buffer would have it
+    for (unsigned i = 0; i < rounds; ++i) {
+        LARGE_INTEGER before{}, after{};
+        QueryPerformanceCounter(&before);
+        QueryProcessList(buffer);
+        QueryPerformanceCounter(&after);
+        times.push_back((after.QuadPart - before.QuadPart) * 1000.0 / frequency.QuadPart);
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -110,6 +158,13 @@ int wmain(int argc, wchar_t** argv) {
         idle.push_back(std::make_unique<lmvx_test::ChildProcess>(L"sleep 3600000"));
     }
 
+    const unsigned period = options.intervalMs ? options.intervalMs : 100;
+    const double pollShare = SleepPollShare(10);
+    const double queryMs = BareQueryMs(50);
+    wprintf(L"in this process: the 1 ms sleep poll alone costs %.2f %% of one core; one bare process-list query "
+            L"takes %.2f ms, %.2f %% of one core at one query per %u ms\n",
+            pollShare, queryMs, 100.0 * queryMs / period, period);
+
     ProgramRunner program;
     if (!program.Start(TestBinFolder() + L"\\lmvx64.exe", L"")) {
         std::fwprintf(stderr, L"could not start lmvx64.exe\n");
@@ -120,7 +175,8 @@ int wmain(int argc, wchar_t** argv) {
         std::fwprintf(stderr, L"the main window did not open\n");
         return 1;
     }
-    Sleep(5000);   // let the caches fill: the steady state is what counts
+    // The first cycles read every process's fixed data and fill the list: the steady state is what counts.
+    Sleep(options.warmUpSeconds * 1000);
     if (options.pinPopups) {
         const lmvx_bench::PinnedPopups popups = lmvx_bench::ShowAndPinPopups(main, 10000);
         wprintf(L"CPU pop-up %ls, memory pop-up %ls\n", popups.cpu ? L"pinned" : L"NOT pinned",
