@@ -49,6 +49,30 @@ std::vector<POINT> PlotSeries(const PerfGraphState& state, unsigned series, int 
     return points;
 }
 
+// A COLORREF (0x00BBGGRR) as a pixel of a 32-bit DIB (0x00RRGGBB).
+DWORD DibPixel(COLORREF colour) {
+    return (static_cast<DWORD>(GetRValue(colour)) << 16) | (static_cast<DWORD>(GetGValue(colour)) << 8) |
+           GetBValue(colour);
+}
+
+detail::PerfGraphBitmap MakeCanvasBitmap(int width, int height) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof(info.bmiHeader);
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;   // top-down: row 0 first
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    detail::PerfGraphBitmap bitmap;
+    bitmap.bitmap = UniqueGdiObject(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap.bitmap) return bitmap;
+    bitmap.pixels = static_cast<DWORD*>(bits);
+    bitmap.width = width;
+    bitmap.height = height;
+    return bitmap;
+}
+
 bool IsDrawing(const PerfGraphState* state) {
     return state && state->drawingThread == std::this_thread::get_id() && state->drawing.canvas;
 }
@@ -76,9 +100,7 @@ HDC PERFGRAPH::RenderOpen(HWND window, HDC dc, unsigned /*flags*/) {
     drawing.canvas = dc ? state_->canvas.Get() : nullptr;
     auto& work = state_->work;
     if (drawing.canvas && (!work.bitmap || work.width != width || work.height != height)) {
-        work.bitmap = UniqueGdiObject(CreateCompatibleBitmap(dc, width, height));
-        work.width = width;
-        work.height = height;
+        work = MakeCanvasBitmap(width, height);
     }
     if (!drawing.canvas || !work.bitmap) {
         drawing.Clear();
@@ -89,8 +111,7 @@ HDC PERFGRAPH::RenderOpen(HWND window, HDC dc, unsigned /*flags*/) {
     drawing.canvasBitmap = SelectionGuard(drawing.canvas, work.bitmap.Get());
     drawing.width = width;
     drawing.height = height;
-    PatBlt(drawing.canvas, 0, 0, width, height, BLACKNESS);
-    static_assert(kBackground == RGB(0, 0, 0), "BLACKNESS paints the background colour");
+    std::fill_n(work.pixels, static_cast<size_t>(width) * static_cast<size_t>(height), DibPixel(kBackground));
     return drawing.canvas;
 }
 
@@ -103,22 +124,18 @@ int PERFGRAPH::RenderFill(COLORREF colour, unsigned series) {
     plot.reserve(line.size());
     for (const POINT& point : line) plot.push_back({static_cast<int>(point.x), static_cast<int>(point.y)});
     const std::vector<int> tops = perfgraph::ColumnTops(plot);
-    // One vertical stroke per column down to the bottom row, all in one call: a polygon of hundreds of
-    // points is many times slower to fill.
-    std::vector<POINT> strokes;
-    strokes.reserve(tops.size() * 2);
+    // The area under the line, column by column down to the bottom row, straight into the pixels.
+    GdiFlush();   // GDI may still hold drawing of its own for this bitmap
+    const DWORD pixel = DibPixel(colour);
+    DWORD* const pixels = state_->work.pixels;
+    const int width = drawing.width;
+    const int height = drawing.height;
     for (size_t i = 0; i < tops.size(); ++i) {
-        const LONG x = line.front().x + static_cast<LONG>(i);
-        strokes.push_back({x, tops[i]});
-        strokes.push_back({x, drawing.height});   // the end point is left out: the bottom row is the last
+        const int x = static_cast<int>(line.front().x) + static_cast<int>(i);
+        if (x < 0 || x >= width) continue;
+        for (int y = std::max(0, tops[i]); y < height; ++y) pixels[static_cast<size_t>(y) * width + x] = pixel;
     }
-    const std::vector<DWORD> pointsPerStroke(tops.size(), 2);
-    UniqueGdiObject pen(CreatePen(PS_SOLID, 1, colour));
-    if (!pen) return 0;
-    HDC canvas = drawing.canvas;
-    SelectionGuard penSelection(canvas, pen.Get());
-    return PolyPolyline(canvas, strokes.data(), pointsPerStroke.data(), static_cast<DWORD>(pointsPerStroke.size())) ? 1
-                                                                                                                   : 0;
+    return 1;
 }
 
 int PERFGRAPH::RenderGrid() {

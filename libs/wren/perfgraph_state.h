@@ -45,8 +45,11 @@ struct PerfGraphDrawing {
     }
 };
 
+// A top-down 32-bit DIB section: GDI draws the grid and lines into it, the fills are written straight into
+// its pixels (one column at a time, far cheaper than hundreds of GDI strokes).
 struct PerfGraphBitmap {
     UniqueGdiObject bitmap;
+    DWORD* pixels = nullptr;   // width * height, row 0 at the top; owned by the bitmap
     int width = 0;
     int height = 0;
 };

@@ -147,6 +147,29 @@ TEST(PerfGraphRender, LaterFillsCoverEarlierOnes) {
     EXPECT_EQ(canvas.Pixel(99, 20), RGB(128, 128, 0)); // under the higher series only
 }
 
+TEST(PerfGraphRender, AFillDrawnAfterTheGridCoversItAndKeepsToItsOwnColumns) {
+    PixelCanvas canvas(100, 50);
+    ASSERT_TRUE(canvas.Valid());
+    wren::PERFGRAPH graph;
+    graph.Init(kSpan, kInterval, 1);
+    graph.SetScaleMax(100, 0);
+    const unsigned start = GetTickCount();
+    for (unsigned i = 0; i < 20; ++i) graph.SetDataPoint(100, start + i * kInterval, 0);   // a short history
+    ASSERT_TRUE(graph.RenderOpen(nullptr, canvas.Dc(), 0));
+    graph.RenderGrid();
+    graph.RenderFill(kFill, 0);
+    ASSERT_TRUE(graph.RenderClose());
+    // The newest points fill their columns from the top row down, over the grid lines drawn before.
+    for (int y : {0, 10, 25, 49}) EXPECT_EQ(canvas.Pixel(99, y), kFill) << y;
+    // The columns left of the oldest point keep the background and the grid.
+    bool gridLeft = false;
+    for (int x = 0; x < 50; ++x) {
+        EXPECT_NE(canvas.Pixel(x, 49), kFill) << x;
+        gridLeft = gridLeft || canvas.Pixel(x, 10) != kBlack;
+    }
+    EXPECT_TRUE(gridLeft);
+}
+
 class TestWindow {
 public:
     TestWindow(int width, int height) {
