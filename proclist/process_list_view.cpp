@@ -32,6 +32,27 @@ const wchar_t* HeaderText(const ColumnSpec& column) {
     return UIL_LangModule.GetLangString(column.headerStringId);
 }
 
+// Rows a refresh must add before the control stops drawing until the refresh is done.
+constexpr int kRowsWorthARedrawPause = 16;
+
+// WM_SETREDRAW off for its life when asked to, then on again and the whole control repainted once.
+class RedrawPause {
+public:
+    RedrawPause(HWND control, bool pause) : control_(pause ? control : nullptr) {
+        if (control_) SendMessageW(control_, WM_SETREDRAW, FALSE, 0);
+    }
+    ~RedrawPause() {
+        if (!control_) return;
+        SendMessageW(control_, WM_SETREDRAW, TRUE, 0);
+        RedrawWindow(control_, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
+    }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+private:
+    HWND control_;
+};
+
 }  // namespace
 
 ProcessListView::~ProcessListView() {
@@ -120,8 +141,11 @@ int ProcessListView::Refresh() {
     const bool treeMode = sortMode_ == kSortProcessTree;
 
     SyncShadowWithControl();
-    RemoveEndedRows();
     const int count = source_->GetItemCount();
+    // Many new rows at once (the first refresh, a burst of new processes): the control would repaint after
+    // each of the hundreds of messages that fill them, so it draws once at the end instead.
+    const RedrawPause pause(listView_, CountNewRows(count) >= kRowsWorthARedrawPause);
+    RemoveEndedRows();
     for (int index = 0; index < count; ++index) {
         const int row = FindOrInsertRow(index);
         if (row < 0) continue;
@@ -130,6 +154,14 @@ int ProcessListView::Refresh() {
     }
     SortIfMisplaced();
     return 1;
+}
+
+int ProcessListView::CountNewRows(int count) const {
+    int fresh = 0;
+    for (int index = 0; index < count; ++index) {
+        if (shadow_.FindRow(source_->GetItemPid(index)) < 0) ++fresh;
+    }
+    return fresh;
 }
 
 void ProcessListView::SyncShadowWithControl() {

@@ -69,6 +69,7 @@ private:
     void RestoreColumnOrder();
     void SyncShadowWithControl();
     std::vector<unsigned> ReadControlPids() const;
+    int CountNewRows(int count) const;   // provider items without a row yet
     void RemoveEndedRows();
     int FindOrInsertRow(int index);
     void UpdateRowLayout(int row, int index, bool treeMode);
