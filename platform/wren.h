@@ -64,6 +64,7 @@ WREN_API INT_PTR DialogBoxParamW(HINSTANCE instance, const wchar_t* templateName
                                  LPARAM parameter);
 // Compare-then-set: the text is only written when it differs, so unchanged controls do not flicker.
 WREN_API int SetDlgItemTextW(HWND dialog, int controlId, const wchar_t* text);
+// Sets a list-view cell (null: empty), whatever it holds now: callers compare with what they wrote.
 WREN_API int ListViewSetItemText(HWND listView, int row, int column, const wchar_t* text);
 
 // ---- Option store ----

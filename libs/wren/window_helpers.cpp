@@ -35,26 +35,6 @@ std::wstring WindowText(HWND window) {
     return text;
 }
 
-// A list-view cell's whole text: the control only says how much it copied, so grow until it fits.
-std::wstring ListViewCellText(HWND listView, int row, int column) {
-    constexpr size_t kLongestCell = 1 << 16;
-    std::wstring text;
-    for (size_t capacity = 256; capacity <= kLongestCell; capacity *= 2) {
-        text.assign(capacity, L'\0');
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text.data();
-        item.cchTextMax = static_cast<int>(capacity);
-        const size_t copied = static_cast<size_t>(
-            SendMessageW(listView, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
-        if (copied + 1 < capacity) {
-            text.resize(copied);
-            return text;
-        }
-    }
-    return text;
-}
-
 }  // namespace
 
 void CenterWindow(HWND window, HWND over) {
@@ -105,8 +85,9 @@ int SetDlgItemTextW(HWND dialog, int controlId, const wchar_t* text) {
 
 int ListViewSetItemText(HWND listView, int row, int column, const wchar_t* text) {
     if (!listView || row < 0 || column < 0) return 0;
+    // Written as it is: the list that calls this knows what its cells hold, and a read-back first would
+    // double the messages of every refresh.
     const wchar_t* wanted = text ? text : L"";
-    if (ListViewCellText(listView, row, column) == wanted) return 1;
     LVITEMW item{};
     item.iSubItem = column;
     item.pszText = const_cast<wchar_t*>(wanted);

@@ -10,6 +10,7 @@
 #include "app/option_keys.h"
 #include "command_ids.h"
 #include "fake_process_source.h"
+#include "message_counter.h"
 #include "proclist/column_table.h"
 #include "proclist/process_list_view.h"
 #include "proclist/sort_order.h"
@@ -148,6 +149,39 @@ TEST_F(ProcessListViewTest, CellsFollowChangedValues) {
     list_.Refresh();
     EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnMemoryUsage), L"8 KB");
     EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnHandles), L"12");
+}
+
+TEST_F(ProcessListViewTest, OnlyChangedCellsAreWrittenAndNoneIsReadBack) {
+    AddNumbered({10, 20, 30});
+    list_.Refresh();
+    MessageCounter writes(ListView(), LVM_SETITEMTEXTW);
+    MessageCounter reads(ListView(), LVM_GETITEMTEXTW);
+    list_.Refresh();
+    EXPECT_EQ(writes.Seen(), 0) << "nothing changed";
+    source_->Find(20)->values.handleCount = 77;
+    list_.Refresh();
+    EXPECT_EQ(writes.Seen(), 1);
+    EXPECT_EQ(reads.Seen(), 0);
+    EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 20), proclist::kColumnHandles), L"77");
+}
+
+TEST_F(ProcessListViewTest, ManyNewRowsAreFilledWithDrawingPausedOnce) {
+    AddNumbered({1, 2, 3});
+    {
+        MessageCounter redraw(ListView(), WM_SETREDRAW);
+        list_.Refresh();
+        EXPECT_EQ(redraw.Seen(), 0) << "a few new rows are drawn as they come";
+    }
+    for (unsigned pid = 100; pid < 140; ++pid) source_->Add(pid, L"burst.exe");
+    MessageCounter redraw(ListView(), WM_SETREDRAW);
+    list_.Refresh();
+    EXPECT_EQ(redraw.Seen(), 2) << "off before the rows, on after them";
+    EXPECT_EQ(ListView_GetItemCount(ListView()), 43);
+    // Drawing is on again: a later change shows without another pause.
+    source_->Find(120)->values.handleCount = 5;
+    list_.Refresh();
+    EXPECT_EQ(redraw.Seen(), 2);
+    EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 120), proclist::kColumnHandles), L"5");
 }
 
 TEST_F(ProcessListViewTest, NewProcessIsInsertedAtTheTop) {

@@ -4,6 +4,8 @@
 #include <commctrl.h>
 
 #include <memory>
+
+#include "message_counter.h"
 #include <type_traits>
 
 struct WindowDestroyer {
@@ -27,27 +29,3 @@ inline HWND CreateChild(HWND parent, const wchar_t* className, int controlId, DW
                            nullptr);
 }
 
-// Counts how often `message` reaches `window` while the counter lives.
-class MessageCounter {
-public:
-    MessageCounter(HWND window, UINT message) : window_(window), message_(message) {
-        SetWindowSubclass(window_, Count, reinterpret_cast<UINT_PTR>(this), reinterpret_cast<DWORD_PTR>(this));
-    }
-    ~MessageCounter() { RemoveWindowSubclass(window_, Count, reinterpret_cast<UINT_PTR>(this)); }
-    MessageCounter(const MessageCounter&) = delete;
-    MessageCounter& operator=(const MessageCounter&) = delete;
-
-    int Seen() const { return seen_; }
-
-private:
-    static LRESULT CALLBACK Count(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                  DWORD_PTR self) {
-        auto* counter = reinterpret_cast<MessageCounter*>(self);
-        if (message == counter->message_) ++counter->seen_;
-        return DefSubclassProc(window, message, wParam, lParam);
-    }
-
-    HWND window_;
-    UINT message_;
-    int seen_ = 0;
-};
