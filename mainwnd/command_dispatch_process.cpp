@@ -5,7 +5,6 @@
 #include "mainwnd/process_menu.h"
 #include "mainwnd/process_windows.h"
 #include "resource.h"
-#include "wren.h"
 
 namespace lmvx {
 namespace {
@@ -34,18 +33,23 @@ void CloseSelectedProcessWindow(const MainWindowState& state) {
     CloseProcessWindow(SelectedPid(state), state.window);
 }
 
-void RefreshProcessMenu(const MainWindowState& state) {
-    const unsigned pid = SelectedPid(state);
+void RefreshProcessMenu(MainWindowState& state, unsigned pid) {
     // One look at the process serves the menu and the pause button: each look at its suspension
     // suspends and resumes one of its threads.
     const ProcessMenuFacts facts = GatherProcessMenuFacts(g_processList, pid);
     if (!state.menuOpen) RebuildProcessPopup(state.window, g_processList, pid, facts);
     if (HWND pane = state.children.detailsPane) {
         const bool suspended = facts.inSnapshot ? facts.suspended : kestrel::PRM_IsProcessSuspended(pid) != 0;
-        // Compared first, so an unchanged button is not repainted on every cycle.
-        wren::SetDlgItemTextW(pane, IDC_PANE_PAUSE,
-                              UIL_LangModule.GetLangString(suspended ? IDS_RESUME_PROCESS : IDS_PAUSE_PROCESS));
+        // Only this function writes the button's text: an unchanged one is neither sent nor repainted.
+        const UINT textId = suspended ? IDS_RESUME_PROCESS : IDS_PAUSE_PROCESS;
+        if (state.pauseButtonTextId.exchange(textId) != textId) {
+            SetDlgItemTextW(pane, IDC_PANE_PAUSE, UIL_LangModule.GetLangString(textId));
+        }
     }
+}
+
+void RefreshProcessMenu(MainWindowState& state) {
+    RefreshProcessMenu(state, SelectedPid(state));
 }
 
 void ShowListContextMenu(const MainWindowState& state) {

@@ -16,7 +16,9 @@ void BringSelectedProcessWindowToFront(const MainWindowState& state);
 void CloseSelectedProcessWindow(const MainWindowState& state);
 
 // The view refresh's last step: the Process popup for the selected process, and the pane's pause button.
-void RefreshProcessMenu(const MainWindowState& state);
+void RefreshProcessMenu(MainWindowState& state);
+// The same for a selection already read in this refresh.
+void RefreshProcessMenu(MainWindowState& state, unsigned selectedPid);
 
 // The list's context menu for the selected process.
 void ShowListContextMenu(const MainWindowState& state);

@@ -239,8 +239,13 @@ void DetailsPaneShowProcess(HWND pane, unsigned pid) {
 void DetailsPaneFollowSelection(HWND pane) {
     DetailsPaneContext* context = PaneContextOf(pane);
     if (!context) return;
-    const unsigned selected = SelectedPidOfList(context->processList);
-    if (selected != 0) DetailsPaneShowProcess(pane, selected);
+    DetailsPaneFollowSelection(pane, SelectedPidOfList(context->processList));
+}
+
+void DetailsPaneFollowSelection(HWND pane, unsigned selectedPid) {
+    DetailsPaneContext* context = PaneContextOf(pane);
+    if (!context) return;
+    if (selectedPid != 0) DetailsPaneShowProcess(pane, selectedPid);
     else RefreshPaneViews(*context, false);
 }
 

@@ -45,6 +45,8 @@ int DetailsPanePreferredWidth(HWND pane);
 // Shows the process selected in the list (nothing when no row is selected) and refreshes what changes.
 // Called each refresh cycle and when the list's selection changes.
 void DetailsPaneFollowSelection(HWND pane);
+// The same with the selection already read (0: no row selected).
+void DetailsPaneFollowSelection(HWND pane, unsigned selectedPid);
 
 // Shows this process: writes the hidden PID field and fills the views.
 void DetailsPaneShowProcess(HWND pane, unsigned pid);

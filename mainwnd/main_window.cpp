@@ -12,6 +12,7 @@
 #include "mainwnd/details_pane_actions.h"
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/main_window_state.h"
+#include "mainwnd/process_menu.h"
 #include "mainwnd/window_placement.h"
 #include "perf/sampler.h"
 #include "resource.h"
@@ -67,7 +68,7 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     HWND pane = DetailsPaneCreate(window, state->processList.GetListView(), g_processList, ProgramPaneActions());
     state->children.detailsPane = pane;
     state->children.detailsPaneWidth = pane ? DetailsPanePreferredWidth(pane) : 0;
-    state->refreshHooks.refreshDetailsViews = [pane, firstRows = true](HWND list) mutable {
+    state->refreshHooks.refreshDetailsViews = [pane, main = state.get(), firstRows = true](HWND list) mutable {
         // The first rows arrive with the first snapshot: select the top one, so the pane shows a process at once.
         if (firstRows && ListView_GetItemCount(list) > 0) {
             firstRows = false;
@@ -75,10 +76,15 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
                 ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
             }
         }
-        DetailsPaneFollowSelection(pane);
+        const unsigned selected = SelectedProcessId(list);
+        main->selectedPidOfRefresh = selected;
+        DetailsPaneFollowSelection(pane, selected == kNoProcess ? 0 : selected);
     };
 
-    state->refreshHooks.rebuildProcessMenu = [main = state.get()] { RefreshProcessMenu(*main); };
+    // Runs right after the details views in the same view refresh: their reading of the selection holds.
+    state->refreshHooks.rebuildProcessMenu = [main = state.get()] {
+        RefreshProcessMenu(*main, main->selectedPidOfRefresh.load());
+    };
     state->refreshHooks.sampleSystem = perf::SamplePerformance;
     state->refreshHooks.setSamplerInterval = perf::SetSamplerInterval;
     state->refreshCycle.Init(window, state->refreshHooks);

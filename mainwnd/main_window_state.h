@@ -33,6 +33,11 @@ struct MainWindowState {
     MainWindowChildren children;
     // True while a menu of the main window is open: the Process popup is then not replaced under the user.
     std::atomic<bool> menuOpen{false};
+    // The selected PID as the details views read it in this view refresh; the Process menu, rebuilt right
+    // after them, uses it instead of asking the list again (two messages across threads each time).
+    std::atomic<unsigned> selectedPidOfRefresh{0xFFFFFFFFu};
+    // The pause button's text as last written, so an unchanged one costs no message.
+    std::atomic<UINT> pauseButtonTextId{0};
 };
 
 }  // namespace lmvx

@@ -111,8 +111,17 @@ void PerfPopup::UpdateTexts() {
         first = PercentAndMegabytesText(UsedPhysicalPercent(total, available), KilobytesToMegabytes(used));
         second = PercentAndMegabytesText(CommitPercent(commit, limit), KilobytesToMegabytes(commit));
     }
-    wren::SetDlgItemTextW(window_, IDC_POPUP_VALUE_1, first.c_str());
-    wren::SetDlgItemTextW(window_, IDC_POPUP_VALUE_2, second.c_str());
+    ShowValue(IDC_POPUP_VALUE_1, shownFirst_, first);
+    ShowValue(IDC_POPUP_VALUE_2, shownSecond_, second);
+}
+
+void PerfPopup::ShowValue(int control, std::wstring& shown, const std::wstring& text) {
+    {
+        std::lock_guard lock(shownLock_);
+        if (shown == text) return;   // unchanged: no message, no repaint
+        shown = text;
+    }
+    SetDlgItemTextW(window_, control, text.c_str());
 }
 
 void PerfPopup::DrawGraph() {

@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <atomic>
+#include <mutex>
+#include <string>
 
 namespace kestrel {
 class _SYSPERFINFO;
@@ -66,6 +68,7 @@ private:
     void Unpin();
     void DrawGraph();
     void UpdateTexts();
+    void ShowValue(int control, std::wstring& shown, const std::wstring& text);
 
     HWND window_ = nullptr;
     PopupKind kind_ = PopupKind::Cpu;
@@ -74,6 +77,12 @@ private:
     POINT cursorAtShow_{};
     std::atomic<bool> menuOpen_{false};
     bool glassFrame_ = false;
+    // The two values as last written: the sampler thread compares with these rather than reading the
+    // controls back across threads. The pop-up's own timer refreshes them too, hence the lock; it is not
+    // held while a text is set, since that sends a message to the UI thread.
+    std::mutex shownLock_;
+    std::wstring shownFirst_;
+    std::wstring shownSecond_;
 };
 
 }  // namespace lmvx::perf
