@@ -84,7 +84,15 @@ bool ProcessListImpl::Update() {
 ProcessListImpl::Instance& ProcessListImpl::FindOrAdd(const nt::SystemProcessEntry& entry) {
     const InstanceKey key{PidOf(entry.UniqueProcessId), Value(entry.CreateTime)};
     auto found = instances_.find(key);
-    if (found != instances_.end()) return found->second;
+    if (found != instances_.end()) {
+        // A process caught while it is being created has no image name yet, and nothing else can be read
+        // of it: its fixed data is read again once the name is there.
+        if (found->second.statics->imageName.empty() && entry.ImageName.Length != 0) {
+            found->second.process = OpenProcessInstance(key.pid, key.createTime);
+            found->second.statics = LoadStatics(entry, found->second.process.Get());
+        }
+        return found->second;
+    }
     Instance instance;
     instance.process = OpenProcessInstance(key.pid, key.createTime);
     instance.statics = LoadStatics(entry, instance.process.Get());
