@@ -191,7 +191,8 @@ TEST_F(LangModuleTest, ConcurrentReadersWhileTheLanguageSwitches) {
             }
         });
     }
-    for (int round = 0; round < 200; ++round) {
+    // Switch until the readers have read plenty while switches happen, however the threads are scheduled.
+    for (int round = 0; round < 200 || reads.load() < 2000; ++round) {
         module.SelectLanguage(round % 2 == 0 ? UIL_LANGMODULE::German : UIL_LANGMODULE::English);
         std::this_thread::yield();
     }
