@@ -37,12 +37,27 @@ std::wstring ReadWindowTitle(HWND window, DWORD windowProcessId, DWORD windowThr
     return title;
 }
 
+// The top-level windows in z-order, topmost first. One call lists them all, where a walk with
+// GetWindow(GW_HWNDNEXT) asks the window manager once per window; the Process menu counts windows on
+// every refresh.
+std::vector<HWND> TopLevelWindowsInZOrder() {
+    std::vector<HWND> windows;
+    EnumWindows(
+        [](HWND window, LPARAM list) -> BOOL {
+            reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
 // The qualifying windows in z-order.
 std::vector<ProcessWindow> ListProcessWindows(unsigned pid) {
     std::vector<ProcessWindow> windows;
+    const std::vector<HWND> topLevel = TopLevelWindowsInZOrder();
     // Starts at the second window in z-order: the topmost window is never considered. Intended.
-    HWND window = GetWindow(GetWindow(GetDesktopWindow(), GW_CHILD), GW_HWNDNEXT);
-    for (; window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+    for (size_t i = 1; i < topLevel.size(); ++i) {
+        const HWND window = topLevel[i];
         DWORD windowProcessId = 0;
         const DWORD windowThreadId = GetWindowThreadProcessId(window, &windowProcessId);
         if (windowProcessId != pid || !IsWindowVisible(window)) continue;
