@@ -2,6 +2,7 @@
 #pragma once
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 
 #include "common/unique_resource.h"
@@ -23,6 +24,8 @@ struct DetailsPaneContext {
     // the controls back, which would cost a message round trip to the pane's thread for each one.
     unsigned shownPid = 0;      // mirrors the hidden PID field, which only DetailsPaneShowProcess writes
     std::wstring shownTexts[4];   // name, second line, path, priority
+    HWND graph = nullptr;         // the small graph control, found once
+    uint64_t graphSignature = 0;  // of the graph as last drawn for shownPid
 };
 
 DetailsPaneContext* PaneContextOf(HWND pane);

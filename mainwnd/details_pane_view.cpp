@@ -5,6 +5,7 @@
 #include "mainwnd/details_pane_context.h"
 #include "mainwnd/details_pane_ids.h"
 #include "mainwnd/details_pane_notes.h"
+#include "mainwnd/pane_graph_signature.h"
 #include "resource.h"
 #include "wren.h"
 
@@ -41,12 +42,23 @@ void ShowNoteOf(DetailsPaneContext& context, const wchar_t* imageName) {
     EnableWindow(notes, !context.noteName.empty());
 }
 
+// The graph control is repainted when the process changed or its history would draw differently.
+void RepaintGraphIfChanged(DetailsPaneContext& context, bool processChanged) {
+    if (!context.graph) context.graph = GetDlgItem(context.pane, IDC_PANE_GRAPH);
+    const wren::PERFGRAPH* graph =
+        context.actions.historyGraph && context.shownPid ? context.actions.historyGraph(context.shownPid) : nullptr;
+    const uint64_t signature = PaneGraphSignature(graph);
+    if (!processChanged && signature == context.graphSignature) return;
+    context.graphSignature = signature;
+    InvalidateRect(context.graph, nullptr, FALSE);
+}
+
 }  // namespace
 
 void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
     const kestrel::TL_PROCESSLIST& provider = *context.provider;
     const int item = provider.GetItemByPID(context.shownPid);
-    InvalidateRect(GetDlgItem(context.pane, IDC_PANE_GRAPH), nullptr, FALSE);
+    RepaintGraphIfChanged(context, processChanged);
     if (item < 0) {
         // A process that has ended keeps its last view until another one is selected.
         if (processChanged) {
