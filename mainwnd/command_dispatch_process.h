@@ -15,9 +15,9 @@ void ForwardToDetailsPane(const MainWindowState& state, unsigned commandId, bool
 void BringSelectedProcessWindowToFront(const MainWindowState& state);
 void CloseSelectedProcessWindow(const MainWindowState& state);
 
-// The view refresh's last step: the Process popup for the selected process, and the pane's pause button.
+// The Process popup for the selected process, and the pane's pause button (on a change of selection).
 void RefreshProcessMenu(MainWindowState& state);
-// The same for a selection already read in this refresh.
+// The view refresh's last step: the same for the selection its details views read.
 void RefreshProcessMenu(MainWindowState& state, unsigned selectedPid);
 
 // The list's context menu for the selected process.

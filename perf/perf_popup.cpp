@@ -116,6 +116,12 @@ void PerfPopup::UpdateTexts() {
 }
 
 void PerfPopup::ShowValue(int control, std::wstring& shown, const std::wstring& text) {
+    if (GetCurrentThreadId() == ownThread_) {
+        SetDlgItemTextW(window_, control, text.c_str());
+        std::lock_guard lock(shownLock_);
+        shown.clear();
+        return;
+    }
     {
         std::lock_guard lock(shownLock_);
         if (shown == text) return;   // unchanged: no message, no repaint
@@ -140,6 +146,7 @@ void PerfPopup::Position() {
 }
 
 void PerfPopup::PopupInit() {
+    ownThread_ = GetCurrentThreadId();
     const PopupTexts texts = TextsOf(kind_);
     SetWindowTextW(window_, texts.caption);
     SendDlgItemMessageW(window_, IDC_STATIC, STM_SETICON,

@@ -77,9 +77,12 @@ private:
     POINT cursorAtShow_{};
     std::atomic<bool> menuOpen_{false};
     bool glassFrame_ = false;
-    // The two values as last written: the sampler thread compares with these rather than reading the
-    // controls back across threads. The pop-up's own timer refreshes them too, hence the lock; it is not
-    // held while a text is set, since that sends a message to the UI thread.
+    // The two values as last written by the sampler thread, which compares with these rather than reading
+    // the controls back across threads. The pop-up's own thread writes them too (its timer, showing): it
+    // writes unconditionally and then clears these, so the sampler's next write always happens and no
+    // interleaving of the two can leave a stale text. The lock is not held while a text is set, since that
+    // sends a message to the pop-up's thread.
+    DWORD ownThread_ = 0;
     std::mutex shownLock_;
     std::wstring shownFirst_;
     std::wstring shownSecond_;
