@@ -12,24 +12,8 @@ constexpr NTSTATUS StatusBufferTooSmall = static_cast<NTSTATUS>(0xC0000023L);
 constexpr NTSTATUS StatusBufferOverflow = static_cast<NTSTATUS>(0x80000005L);
 
 constexpr ULONG SystemProcessInformationClass = 5;
-constexpr ULONG ProcessVmCountersClass = 3;
 constexpr ULONG ProcessBasicInformationClass = 0;
 constexpr ULONG ProcessCommandLineInformationClass = 60;
-
-struct VmCountersEx {
-    SIZE_T PeakVirtualSize;
-    SIZE_T VirtualSize;
-    ULONG PageFaultCount;
-    SIZE_T PeakWorkingSetSize;
-    SIZE_T WorkingSetSize;
-    SIZE_T QuotaPeakPagedPoolUsage;
-    SIZE_T QuotaPagedPoolUsage;
-    SIZE_T QuotaPeakNonPagedPoolUsage;
-    SIZE_T QuotaNonPagedPoolUsage;
-    SIZE_T PagefileUsage;
-    SIZE_T PeakPagefileUsage;
-    SIZE_T PrivateUsage;
-};
 
 // One entry of SystemProcessInformation; thread entries follow it and NextEntryOffset skips them.
 struct SystemProcessEntry {
