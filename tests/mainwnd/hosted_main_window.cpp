@@ -54,20 +54,6 @@ ScopedHostedProgram::~ScopedHostedProgram() {
     RegDeleteTreeW(HKEY_CURRENT_USER, applicationKey_.c_str());
 }
 
-bool PumpUntil(const std::function<bool()>& condition, DWORD limitMs) {
-    const DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start > limitMs) return false;
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
-    return true;
-}
-
 HostedMainWindow::HostedMainWindow() {
     window_ = UIL_LangModule.LoadDialogParam(IDD_MAIN, nullptr, lmvx::MainWindowProc, 0);
 }

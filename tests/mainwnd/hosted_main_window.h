@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <string>
+
+#include "message_pump.h"
 #include <vector>
 
 namespace mainwnd_test {
@@ -22,8 +24,7 @@ private:
     std::wstring applicationKey_;
 };
 
-// Dispatches this thread's messages until the condition holds or the time is up; returns the condition.
-bool PumpUntil(const std::function<bool()>& condition, DWORD limitMs);
+using lmvx_test::PumpUntil;
 
 // The main window, modeless on this thread; destroyed (and its refresh thread ended) with the object.
 class HostedMainWindow {

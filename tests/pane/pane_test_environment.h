@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "message_pump.h"
+
 namespace pane_test {
 
 class ScopedTestApplication {
@@ -37,8 +39,7 @@ private:
     HWND list_ = nullptr;
 };
 
-// Dispatches this thread's messages until the condition holds or the time is up; returns the condition.
-bool PumpUntil(const std::function<bool()>& condition, DWORD limitMs);
+using lmvx_test::PumpUntil;
 
 // A visible top-level window of this process with this caption, other than except; null when none.
 HWND FindOwnWindow(const std::wstring& caption, HWND except = nullptr);

@@ -52,13 +52,9 @@ HWND HostedPerfWindow::FindPopup(const wchar_t* caption) const {
     return search.found;
 }
 
-bool PumpUntil(const std::function<bool()>& condition, DWORD limitMs) {
-    return mainwnd_test::PumpUntil(condition, limitMs);
-}
-
 void PumpFor(DWORD ms) {
     const DWORD start = GetTickCount();
-    mainwnd_test::PumpUntil([&] { return GetTickCount() - start >= ms; }, ms + 1000);
+    lmvx_test::PumpUntil([&] { return GetTickCount() - start >= ms; }, ms + 1000);
 }
 
 std::wstring PaneText(HWND bar, int pane) {

@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+#include "message_pump.h"
+
 namespace mainwnd_test {
 class ScopedHostedProgram;
 class HostedMainWindow;
@@ -32,8 +34,7 @@ private:
     std::unique_ptr<mainwnd_test::HostedMainWindow> window_;
 };
 
-// Dispatches this thread's messages until the condition holds or limitMs pass; returns the condition.
-bool PumpUntil(const std::function<bool()>& condition, DWORD limitMs);
+using lmvx_test::PumpUntil;
 // Dispatches this thread's messages for the whole time.
 void PumpFor(DWORD ms);
 

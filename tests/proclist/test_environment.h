@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "message_pump.h"
+
 namespace proclist_test {
 
 // Registers the test application under its own name and loads the English resources of this program.
@@ -46,21 +48,7 @@ private:
     HWND list_ = nullptr;
 };
 
-// Dispatches this thread's messages until the condition holds or the time is up; returns the condition.
-template <typename Condition>
-bool PumpUntil(Condition condition, DWORD limitMs) {
-    const DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start > limitMs) return false;
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-    }
-    return true;
-}
+using lmvx_test::PumpUntil;
 
 // Row helpers over a list view.
 int RowOfPid(HWND list, unsigned pid);
