@@ -5,7 +5,6 @@
 #include "mainwnd/details_pane_context.h"
 #include "mainwnd/details_pane_ids.h"
 #include "mainwnd/details_pane_notes.h"
-#include "mainwnd/pane_graph_signature.h"
 #include "resource.h"
 #include "wren.h"
 
@@ -47,7 +46,9 @@ void RepaintGraphIfChanged(DetailsPaneContext& context, bool processChanged) {
     if (!context.graph) context.graph = GetDlgItem(context.pane, IDC_PANE_GRAPH);
     const wren::PERFGRAPH* graph =
         context.actions.historyGraph && context.shownPid ? context.actions.historyGraph(context.shownPid) : nullptr;
-    const uint64_t signature = PaneGraphSignature(graph);
+    RECT client{};
+    GetClientRect(context.graph, &client);
+    const uint64_t signature = graph ? graph->GetPictureSignature(client.right, client.bottom) : 0;
     if (!processChanged && signature == context.graphSignature) return;
     context.graphSignature = signature;
     InvalidateRect(context.graph, nullptr, FALSE);

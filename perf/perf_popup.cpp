@@ -92,7 +92,7 @@ bool PerfPopup::IsPinned() const {
 void PerfPopup::PopupRefresh() {
     if (!window_ || !IsWindow(window_)) return;   // the main window may be closing during a sample
     UpdateTexts();
-    DrawGraph();
+    DrawGraph(GraphDrawing::IfChanged);
 }
 
 void PerfPopup::UpdateTexts() {
@@ -111,13 +111,13 @@ void PerfPopup::UpdateTexts() {
         first = PercentAndMegabytesText(UsedPhysicalPercent(total, available), KilobytesToMegabytes(used));
         second = PercentAndMegabytesText(CommitPercent(commit, limit), KilobytesToMegabytes(commit));
     }
-    ShowValue(IDC_POPUP_VALUE_1, shownFirst_, first);
-    ShowValue(IDC_POPUP_VALUE_2, shownSecond_, second);
+    ShowValue(firstValue_, shownFirst_, first);
+    ShowValue(secondValue_, shownSecond_, second);
 }
 
-void PerfPopup::ShowValue(int control, std::wstring& shown, const std::wstring& text) {
+void PerfPopup::ShowValue(HWND control, std::wstring& shown, const std::wstring& text) {
     if (GetCurrentThreadId() == ownThread_) {
-        SetDlgItemTextW(window_, control, text.c_str());
+        wren::SetWindowTextIfChanged(control, text.c_str());
         std::lock_guard lock(shownLock_);
         shown.clear();
         return;
@@ -127,11 +127,19 @@ void PerfPopup::ShowValue(int control, std::wstring& shown, const std::wstring& 
         if (shown == text) return;   // unchanged: no message, no repaint
         shown = text;
     }
-    SetDlgItemTextW(window_, control, text.c_str());
+    SetWindowTextW(control, text.c_str());
 }
 
-void PerfPopup::DrawGraph() {
-    if (sources_.graph) DrawSystemGraph(*sources_.graph, GetDlgItem(window_, IDC_POPUP_GRAPH));
+void PerfPopup::DrawGraph(GraphDrawing when) {
+    if (!sources_.graph || !graphControl_) return;
+    RECT client{};
+    GetClientRect(graphControl_, &client);
+    // At fast rates most samples move no pixel of the graph (a point is added every 500 ms, and memory
+    // figures rarely move a row): such a refresh leaves the picture on screen as it is.
+    const unsigned long long signature = sources_.graph->GetPictureSignature(client.right, client.bottom);
+    if (when == GraphDrawing::IfChanged && signature != 0 && signature == drawnSignature_) return;
+    drawnSignature_ = signature;
+    DrawSystemGraph(*sources_.graph, graphControl_);
 }
 
 void PerfPopup::Position() {
@@ -147,6 +155,9 @@ void PerfPopup::Position() {
 
 void PerfPopup::PopupInit() {
     ownThread_ = GetCurrentThreadId();
+    firstValue_ = GetDlgItem(window_, IDC_POPUP_VALUE_1);
+    secondValue_ = GetDlgItem(window_, IDC_POPUP_VALUE_2);
+    graphControl_ = GetDlgItem(window_, IDC_POPUP_GRAPH);
     const PopupTexts texts = TextsOf(kind_);
     SetWindowTextW(window_, texts.caption);
     SendDlgItemMessageW(window_, IDC_STATIC, STM_SETICON,
@@ -227,13 +238,13 @@ INT_PTR PerfPopup::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_DRAWITEM:
         if (wParam == IDC_POPUP_GRAPH) {
-            DrawGraph();
+            DrawGraph(GraphDrawing::Always);
             return TRUE;
         }
         return FALSE;
     case WM_MOUSEMOVE:
     case WM_NCMOUSEMOVE:
-        if (sources_.graph) sources_.graph->UpdateGraph(GetDlgItem(window_, IDC_POPUP_GRAPH), nullptr, 0);
+        if (sources_.graph) sources_.graph->UpdateGraph(graphControl_, nullptr, 0);
         return FALSE;
     default:
         return FALSE;

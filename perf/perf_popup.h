@@ -66,11 +66,19 @@ private:
     void OnHoverTimer();
     void Pin();
     void Unpin();
-    void DrawGraph();
+    // Refreshes redraw the graph only when its picture would change; a paint request always draws.
+    enum class GraphDrawing { IfChanged, Always };
+    void DrawGraph(GraphDrawing when);
     void UpdateTexts();
-    void ShowValue(int control, std::wstring& shown, const std::wstring& text);
+    void ShowValue(HWND control, std::wstring& shown, const std::wstring& text);
 
     HWND window_ = nullptr;
+    // The controls, found once: looking a control up by id asks the window manager each time.
+    HWND firstValue_ = nullptr;
+    HWND secondValue_ = nullptr;
+    HWND graphControl_ = nullptr;
+    // The fingerprint of the graph picture last drawn into the graph control (0: none yet).
+    std::atomic<unsigned long long> drawnSignature_{0};
     PopupKind kind_ = PopupKind::Cpu;
     PopupSources sources_;
     RECT anchor_{};
@@ -79,9 +87,9 @@ private:
     bool glassFrame_ = false;
     // The two values as last written by the sampler thread, which compares with these rather than reading
     // the controls back across threads. The pop-up's own thread writes them too (its timer, showing): it
-    // writes unconditionally and then clears these, so the sampler's next write always happens and no
-    // interleaving of the two can leave a stale text. The lock is not held while a text is set, since that
-    // sends a message to the pop-up's thread.
+    // compares with the control itself (no message crosses threads) and then clears these, so the
+    // sampler's next write always happens and no interleaving of the two can leave a stale text. The lock
+    // is not held while a text is set, since that sends a message to the pop-up's thread.
     DWORD ownThread_ = 0;
     std::mutex shownLock_;
     std::wstring shownFirst_;

@@ -64,6 +64,8 @@ WREN_API INT_PTR DialogBoxParamW(HINSTANCE instance, const wchar_t* templateName
                                  LPARAM parameter);
 // Compare-then-set: the text is only written when it differs, so unchanged controls do not flicker.
 WREN_API int SetDlgItemTextW(HWND dialog, int controlId, const wchar_t* text);
+// The same for a window at hand (no search for the control among the dialog's children).
+WREN_API int SetWindowTextIfChanged(HWND window, const wchar_t* text);
 // Sets a list-view cell (null: empty), whatever it holds now: callers compare with what they wrote.
 WREN_API int ListViewSetItemText(HWND listView, int row, int column, const wchar_t* text);
 
@@ -145,6 +147,10 @@ public:
     // Copy name or unit into the buffer (length in characters, always terminated); "" when unset.
     WREN_API int GetSeriesName(unsigned series, wchar_t* buffer, unsigned length) const;
     WREN_API int GetSeriesUnit(unsigned series, wchar_t* buffer, unsigned length) const;
+    // A fingerprint of the picture a drawing of this size would make from the present history (every
+    // series' line in pixels): equal fingerprints draw the same pixels with the same colours, so a view
+    // that drew the last one may skip the next drawing. 0 when there is no history or no area.
+    WREN_API unsigned long long GetPictureSignature(int width, int height) const;
 
 private:
     detail::PerfGraphState* state_ = nullptr;

@@ -1,5 +1,6 @@
 // PERFGRAPH: set-up, feeding and reading the series.
 #include <algorithm>
+#include <vector>
 
 #include "perfgraph_state.h"
 #include "wren.h"
@@ -143,4 +144,25 @@ int PERFGRAPH::GetSeriesUnit(unsigned series, wchar_t* buffer, unsigned length) 
     return ReadSeries(state_, series, 0,
                       [&](const PerfGraphSeries& entry) { return CopyText(entry.unit, buffer, length); });
 }
+unsigned long long PERFGRAPH::GetPictureSignature(int width, int height) const {
+    if (!state_ || width <= 0 || height <= 0) return 0;
+    perfgraph::PictureFingerprint fingerprint;
+    fingerprint.Add(static_cast<unsigned>(width));
+    fingerprint.Add(static_cast<unsigned>(height));
+    fingerprint.Add(state_->capacity);     // with the interval, where the grid's columns fall
+    fingerprint.Add(state_->intervalMs);
+    std::lock_guard lock(state_->dataLock);
+    fingerprint.Add(static_cast<unsigned>(state_->series.size()));
+    for (const PerfGraphSeries& entry : state_->series) {
+        const unsigned top = perfgraph::ScaleTop(entry.scaleMax, entry.history.Peak());
+        const std::vector<perfgraph::PlotPoint> line = perfgraph::SeriesPolyline(entry.history, top, width, height);
+        fingerprint.Add(static_cast<unsigned>(line.size()));
+        for (const perfgraph::PlotPoint& point : line) {
+            fingerprint.Add(static_cast<unsigned>(point.x));
+            fingerprint.Add(static_cast<unsigned>(point.y));
+        }
+    }
+    return fingerprint.Value();
+}
+
 }  // namespace wren

@@ -92,6 +92,13 @@ std::vector<PlotPoint> SeriesPolyline(const SeriesHistory& history, unsigned sca
     return line;
 }
 
+void PictureFingerprint::Add(unsigned value) {
+    for (int shift = 0; shift < 32; shift += 8) {
+        hash_ ^= (value >> shift) & 0xFFu;
+        hash_ *= 0x100000001B3ull;
+    }
+}
+
 std::vector<int> ColumnTops(const std::vector<PlotPoint>& line) {
     std::vector<int> tops;
     if (line.empty()) return tops;

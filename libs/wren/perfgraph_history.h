@@ -51,6 +51,17 @@ struct PlotPoint {
 // The series' line in a picture of the given size, oldest point first.
 std::vector<PlotPoint> SeriesPolyline(const SeriesHistory& history, unsigned scaleTop, int width, int height);
 
+// FNV-1a over 32-bit words: a cheap fingerprint of a picture's geometry. Never 0 once a word was added,
+// so 0 can stand for "nothing drawn".
+class PictureFingerprint {
+public:
+    void Add(unsigned value);
+    unsigned long long Value() const { return hash_ ? hash_ : 1; }
+
+private:
+    unsigned long long hash_ = 0xCBF29CE484222325ull;
+};
+
 // The top row of the area under a line, for each column from the line's first point to its last (linear
 // between points; the higher one where points share a column). Index 0 is the first point's column.
 std::vector<int> ColumnTops(const std::vector<PlotPoint>& line);

@@ -76,11 +76,14 @@ int VerifyCritialAlloc(const void* pointer) {
 }
 
 int SetDlgItemTextW(HWND dialog, int controlId, const wchar_t* text) {
-    HWND control = GetDlgItem(dialog, controlId);
-    if (!control) return 0;
+    return SetWindowTextIfChanged(GetDlgItem(dialog, controlId), text);
+}
+
+int SetWindowTextIfChanged(HWND window, const wchar_t* text) {
+    if (!window) return 0;
     const wchar_t* wanted = text ? text : L"";
-    if (WindowText(control) == wanted) return 1;   // unchanged: no repaint, no flicker
-    return ::SetWindowTextW(control, wanted) ? 1 : 0;
+    if (WindowText(window) == wanted) return 1;   // unchanged: no repaint, no flicker
+    return ::SetWindowTextW(window, wanted) ? 1 : 0;
 }
 
 int ListViewSetItemText(HWND listView, int row, int column, const wchar_t* text) {

@@ -10,7 +10,6 @@
 #include "mainwnd/details_pane_commands.h"
 #include "mainwnd/details_pane_notes.h"
 #include "mainwnd/details_pane_restart.h"
-#include "mainwnd/pane_graph_signature.h"
 #include "perf/toolbar_buttons.h"
 #include "resource.h"
 #include "run/run_command.h"
@@ -18,35 +17,6 @@
 
 namespace lmvx {
 namespace {
-
-// The small graph is repainted only when its fingerprint changes: anything that would draw differently
-// must change it, and feeding the same figures within one point's interval must not.
-TEST(PaneGraphSignature, ChangesWithWhatWouldBeDrawnOnly) {
-    EXPECT_EQ(PaneGraphSignature(nullptr), 0u);
-    wren::PERFGRAPH graph;
-    graph.Init(180000, 500, 2);
-    graph.SetScaleMax(100, 0);
-    const unsigned start = 1000000;
-    graph.SetDataPoint(5, start, 0);
-    graph.SetDataPoint(4096, start, 1);
-    const uint64_t first = PaneGraphSignature(&graph);
-    EXPECT_NE(first, 0u);
-
-    graph.SetDataPoint(5, start + 100, 0);   // the same figures, same interval
-    graph.SetDataPoint(4096, start + 100, 1);
-    EXPECT_EQ(PaneGraphSignature(&graph), first);
-
-    graph.SetDataPoint(6, start + 200, 0);   // a new figure in the same interval
-    const uint64_t changedValue = PaneGraphSignature(&graph);
-    EXPECT_NE(changedValue, first);
-
-    graph.SetDataPoint(6, start + 600, 0);   // the next interval: one more point, same figure
-    const uint64_t morePoints = PaneGraphSignature(&graph);
-    EXPECT_NE(morePoints, changedValue);
-
-    graph.SetDataPoint(8192, start + 600, 1);   // no scale maximum: the memory series rescales
-    EXPECT_NE(PaneGraphSignature(&graph), morePoints);
-}
 
 TEST(PaneCommandRouting, ActsOnTheShownProcessForTheseCommands) {
     for (unsigned command : {IDM_TERMINATE_PROCESS, IDM_OPEN_CONTAINING_FOLDER, IDM_PROPERTIES, IDM_PANE_PRIORITY_LINK,

@@ -6,6 +6,7 @@
 #include <memory>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "wren.h"
 
@@ -47,6 +48,11 @@ public:
         GdiFlush();
         const DWORD value = bits_[static_cast<size_t>(y) * width_ + x];
         return RGB((value >> 16) & 0xFF, (value >> 8) & 0xFF, value & 0xFF);
+    }
+
+    std::vector<DWORD> Pixels() const {
+        GdiFlush();
+        return std::vector<DWORD>(bits_, bits_ + static_cast<size_t>(width_) * height_);
     }
 
 private:
@@ -99,6 +105,47 @@ TEST_P(PerfGraphRenderSizes, BackgroundAboveLineOnItFillBelow) {
 INSTANTIATE_TEST_SUITE_P(Sizes, PerfGraphRenderSizes,
                          ::testing::Values(std::make_pair(1, 1), std::make_pair(151, 57),
                                            std::make_pair(1920, 1080)));
+
+// The fingerprint stands for the pixels: what leaves every pixel as it was keeps it, what moves one pixel
+// changes it. Here a memory-like series (a scale of 16 GB in KB) on a pop-up-sized picture.
+TEST(PerfGraphRender, PictureSignatureStaysWhileThePixelsStayAndMovesWithThem) {
+    constexpr int kWidth = 151, kHeight = 57;
+    PixelCanvas canvas(kWidth, kHeight);
+    ASSERT_TRUE(canvas.Valid());
+    wren::PERFGRAPH graph;
+    EXPECT_EQ(graph.GetPictureSignature(kWidth, kHeight), 0u) << "no history yet";
+    graph.Init(kSpan, kInterval, 2);
+    graph.SetScaleMax(16u << 20, 0);
+    const unsigned start = 1000000;
+    graph.SetDataPoint(4u << 20, start, 0);
+    graph.SetDataPoint(7, start, 1);   // no scale maximum: scales to its own peak
+    EXPECT_EQ(graph.GetPictureSignature(0, kHeight), 0u) << "no area";
+
+    auto draw = [&] {
+        EXPECT_TRUE(DrawFull(graph, nullptr, canvas.Dc()));
+        return canvas.Pixels();
+    };
+    const auto firstPixels = draw();
+    const auto first = graph.GetPictureSignature(kWidth, kHeight);
+
+    graph.SetDataPoint((4u << 20) + 4096, start + 100, 0);   // 4 MB more: far below one pixel
+    EXPECT_EQ(draw(), firstPixels);
+    EXPECT_EQ(graph.GetPictureSignature(kWidth, kHeight), first);
+
+    graph.SetDataPoint(12u << 20, start + 200, 0);   // the same interval, a visibly higher point
+    const auto raisedPixels = draw();
+    const auto raised = graph.GetPictureSignature(kWidth, kHeight);
+    EXPECT_NE(raisedPixels, firstPixels);
+    EXPECT_NE(raised, first);
+
+    graph.SetDataPoint(14, start + 300, 1);   // the self-scaled series doubles: it rescales, same pixels
+    EXPECT_EQ(draw(), raisedPixels);
+    EXPECT_EQ(graph.GetPictureSignature(kWidth, kHeight), raised);
+
+    graph.SetDataPoint(12u << 20, start + 600, 0);   // the next interval: the line grows by a point
+    EXPECT_NE(graph.GetPictureSignature(kWidth, kHeight), raised);
+    EXPECT_NE(graph.GetPictureSignature(kWidth + 1, kHeight), graph.GetPictureSignature(kWidth, kHeight));
+}
 
 TEST(PerfGraphRender, AValueAboveTheScaleIsDrawnAtTheTop) {
     PixelCanvas canvas(120, 60);
