@@ -27,6 +27,7 @@ RefreshCycle::~RefreshCycle() {
 
 void RefreshCycle::Init(HWND mainWindow, RefreshHooks hooks) {
     mainWindow_ = mainWindow;
+    processList_ = GetDlgItem(mainWindow, IDC_PROCESS_LIST);
     hooks_ = std::move(hooks);
 }
 
@@ -100,7 +101,7 @@ void RefreshCycle::RunOneCycle() {
     UpdateProvider();
     if (hooks_.sampleSystem) hooks_.sampleSystem();
     if (hooks_.updatePerformancePopups) hooks_.updatePerformancePopups();
-    if (hooks_.updateSelectionView) hooks_.updateSelectionView(GetDlgItem(mainWindow_, IDC_PROCESS_LIST));
+    if (hooks_.updateSelectionView) hooks_.updateSelectionView(processList_);
     if (stopping_ || !IsWindowVisible(mainWindow_)) return;  // hidden in the tray: data only, no views
     // Intended asymmetry: in front, the views refresh right here; otherwise the UI thread does it
     // while this thread waits.
@@ -113,7 +114,7 @@ void RefreshCycle::RunOneCycle() {
 
 void RefreshCycle::UpdateProvider() {
     // Not while the list refreshes on the UI thread: its sort and its copy of the rows read one snapshot.
-    ProcessListView* list = ProcessListView::FromControl(GetDlgItem(mainWindow_, IDC_PROCESS_LIST));
+    ProcessListView* list = ProcessListView::FromControl(processList_);
     std::optional<RefreshGate::Pass> pass;
     if (list) pass.emplace(list->GetRefreshGate(), mainWindow_);
     // The only call of Update() in the program: every reader of this cycle sees the new snapshot.
@@ -127,9 +128,8 @@ void RefreshCycle::WaitForPeriod(DWORD cycleStart) const {
 }
 
 void RefreshCycle::RunViewRefresh() {
-    HWND processList = GetDlgItem(mainWindow_, IDC_PROCESS_LIST);
-    if (ProcessListView* list = ProcessListView::FromControl(processList)) list->Refresh();
-    if (hooks_.refreshDetailsViews) hooks_.refreshDetailsViews(processList);
+    if (ProcessListView* list = ProcessListView::FromControl(processList_)) list->Refresh();
+    if (hooks_.refreshDetailsViews) hooks_.refreshDetailsViews(processList_);
     if (hooks_.updateStatusBar) hooks_.updateStatusBar();
     if (hooks_.rebuildProcessMenu) hooks_.rebuildProcessMenu();
 }

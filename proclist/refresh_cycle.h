@@ -88,6 +88,9 @@ private:
 
     kestrel::TL_PROCESSLIST& provider_;
     HWND mainWindow_ = nullptr;
+    // Control 5001, found once at Init: a search by id asks the window manager every time, and a cycle
+    // needs the list several times. It lives as long as the main window.
+    HWND processList_ = nullptr;
     RefreshHooks hooks_;
     std::atomic<unsigned> period_{0};
     std::atomic<bool> stopping_{false};

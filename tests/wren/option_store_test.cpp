@@ -94,6 +94,33 @@ TEST_F(OptionStore, ValuesLandInTheSettingsKeyWithTheirRegistryTypes) {
     EXPECT_EQ(blockValue.bytes, std::vector<BYTE>(block.begin(), block.end()));
 }
 
+// Reads keep the Settings key open between calls; whatever happens to the key meanwhile, a read sees the
+// registry as it is now.
+TEST_F(OptionStore, ReadsFollowTheKeyWhenOthersChangeDeleteOrRecreateIt) {
+    EXPECT_EQ(store_.GetOptionDWORD(L"Followed", 7), 7u) << "before the key exists";
+    ASSERT_TRUE(store_.SetOptionDWORD(L"Followed", 1));
+    EXPECT_EQ(store_.GetOptionDWORD(L"Followed", 7), 1u) << "the key was created after a read found none";
+
+    const DWORD other = 2;
+    ASSERT_TRUE(WriteRawValue(L"Followed", REG_DWORD, &other, sizeof other));
+    EXPECT_EQ(store_.GetOptionDWORD(L"Followed", 7), 2u) << "written through another handle";
+
+    const std::wstring settings = wren::GetSettingsKeyPath();
+    ASSERT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, settings.c_str()), ERROR_SUCCESS);
+    EXPECT_EQ(store_.GetOptionDWORD(L"Followed", 7), 7u) << "the key was deleted";
+    ASSERT_TRUE(store_.SetOptionDWORD(L"Followed", 3));
+    EXPECT_EQ(store_.GetOptionDWORD(L"Followed", 7), 3u) << "a new key in the old one's place";
+
+    const Block block = PatternBlock(9);
+    ASSERT_TRUE(store_.SetOptionBINARY(L"FollowedBlock", block.data(), sizeof block));
+    ASSERT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, settings.c_str()), ERROR_SUCCESS);
+    ASSERT_TRUE(store_.SetOptionBINARY(L"FollowedBlock", block.data(), 10));
+    Block read{};
+    unsigned bytesRead = 0;
+    EXPECT_TRUE(store_.GetOptionBINARY(L"FollowedBlock", read.data(), sizeof read, &bytesRead));
+    EXPECT_EQ(bytesRead, 10u);
+}
+
 TEST_F(OptionStore, AStringWhereANumberBelongsReadsAsTheDefault) {
     const std::wstring text = L"1";
     ASSERT_TRUE(WriteRawValue(L"UpdateInterval", REG_SZ, text.c_str(),
