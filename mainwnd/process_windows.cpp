@@ -7,6 +7,7 @@
 #include "command_ids.h"
 #include "finch.h"
 #include "mainwnd/process_windows_rules.h"
+#include "mainwnd/window_owner_cache.h"
 #include "string_ids.h"
 
 namespace lmvx {
@@ -51,15 +52,23 @@ std::vector<HWND> TopLevelWindowsInZOrder() {
     return windows;
 }
 
+WindowOwner AskWindowOwner(HWND window) {
+    WindowOwner owner;
+    owner.threadId = GetWindowThreadProcessId(window, &owner.processId);
+    return owner;
+}
+
 // The qualifying windows in z-order.
 std::vector<ProcessWindow> ListProcessWindows(unsigned pid) {
+    static WindowOwnerCache ownerCache;
     std::vector<ProcessWindow> windows;
     const std::vector<HWND> topLevel = TopLevelWindowsInZOrder();
+    const std::vector<WindowOwner> owners = ownerCache.OwnersOf(topLevel, AskWindowOwner);
     // Starts at the second window in z-order: the topmost window is never considered. Intended.
     for (size_t i = 1; i < topLevel.size(); ++i) {
         const HWND window = topLevel[i];
-        DWORD windowProcessId = 0;
-        const DWORD windowThreadId = GetWindowThreadProcessId(window, &windowProcessId);
+        const DWORD windowProcessId = owners[i].processId;
+        const DWORD windowThreadId = owners[i].threadId;
         if (windowProcessId != pid || !IsWindowVisible(window)) continue;
         std::wstring title = ReadWindowTitle(window, windowProcessId, windowThreadId);
         if (QualifiesAsProcessWindow(true, windowProcessId, pid, title.size())) {
