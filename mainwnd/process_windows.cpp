@@ -38,12 +38,13 @@ std::wstring ReadWindowTitle(HWND window, DWORD windowProcessId, DWORD windowThr
     return title;
 }
 
-// The top-level windows in z-order, topmost first. One call lists them all, where a walk with
-// GetWindow(GW_HWNDNEXT) asks the window manager once per window; the Process menu counts windows on
-// every refresh.
+// The top-level windows of this desktop in z-order, topmost first. One call lists them all, where a walk
+// with GetWindow(GW_HWNDNEXT) asks the window manager once per window; the Process menu counts windows on
+// every refresh. (Wine's EnumWindows also asks whether each window still exists before handing it on;
+// a window that is gone by now fails the owner lookup anyway.)
 std::vector<HWND> TopLevelWindowsInZOrder() {
     std::vector<HWND> windows;
-    EnumWindows(
+    EnumDesktopWindows(nullptr,
         [](HWND window, LPARAM list) -> BOOL {
             reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
             return TRUE;
