@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <memory>
+#include <optional>
 
 #include "app/lmvx.h"
 #include "app/option_keys.h"
@@ -76,7 +77,8 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
                 ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
             }
         }
-        const unsigned selected = SelectedProcessId(list);
+        const std::optional<unsigned> selectedRow = main->processList.SelectedPid();
+        const unsigned selected = selectedRow ? *selectedRow : kNoProcess;
         main->selectedPidOfRefresh = selected;
         DetailsPaneFollowSelection(pane, selected == kNoProcess ? 0 : selected);
     };

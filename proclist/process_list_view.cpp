@@ -57,8 +57,50 @@ private:
 
 ProcessListView::~ProcessListView() {
     if (listView_ && IsWindow(listView_) && FromControl(listView_) == this) {
+        if (previousListProc_) {
+            SetWindowLongPtrW(listView_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousListProc_));
+        }
         SetWindowLongPtrW(listView_, GWLP_USERDATA, 0);
     }
+}
+
+LRESULT CALLBACK ProcessListView::ListViewProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    ProcessListView* self = FromControl(window);
+    if (!self || !self->previousListProc_) return DefWindowProcW(window, message, wParam, lParam);
+    switch (message) {
+    case LVM_INSERTITEMA:
+    case LVM_INSERTITEMW:
+    case LVM_DELETEITEM:
+    case LVM_DELETEALLITEMS:
+    case LVM_SORTITEMS:
+    case LVM_SORTITEMSEX:
+        if (!self->changingRows_) self->rowsChangedElsewhere_ = true;
+        break;
+    default:
+        break;
+    }
+    return CallWindowProcW(self->previousListProc_, window, message, wParam, lParam);
+}
+
+template <typename Change>
+auto ProcessListView::OwnRowChange(Change change) {
+    changingRows_ = true;
+    const auto result = change();
+    changingRows_ = false;
+    return result;
+}
+
+std::optional<unsigned> ProcessListView::SelectedPid() {
+    if (!listView_) return std::nullopt;
+    const int row = ListView_GetNextItem(listView_, -1, LVNI_SELECTED);
+    if (row < 0) return std::nullopt;
+    {
+        const RefreshGate::Pass pass(refreshGate_, listView_);   // the copy does not change meanwhile
+        if (!rowsChangedElsewhere_ && row < shadow_.Count()) return shadow_.PidAt(row);
+    }
+    unsigned pid = 0;
+    if (!ReadRowPid(listView_, row, &pid)) return std::nullopt;
+    return pid;
 }
 
 bool ProcessListView::Attach(HWND listView, const kestrel::TL_PROCESSLIST& provider) {
@@ -72,6 +114,11 @@ bool ProcessListView::Attach(HWND listView, std::unique_ptr<ProcessSource> sourc
     listView_ = listView;
     source_ = std::move(source);
     SetWindowLongPtrW(listView_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    rowsChangedElsewhere_ = true;
+    if (!previousListProc_) {
+        previousListProc_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(listView_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ListViewProc)));
+    }
 
     ListView_SetExtendedListViewStyle(listView_, LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP);
     // The provider owns the icons; the control must not destroy them with itself.
@@ -165,9 +212,9 @@ int ProcessListView::CountNewRows(int count) const {
 }
 
 void ProcessListView::SyncShadowWithControl() {
-    // One message per refresh: rows added or removed by anyone else make the copy start again from the
-    // control's PIDs, with every cell unknown.
-    if (ListView_GetItemCount(listView_) != shadow_.Count()) shadow_.ResetToPids(ReadControlPids());
+    // Rows added, removed or sorted by anyone else make the copy start again from the control's PIDs,
+    // with every cell unknown.
+    if (rowsChangedElsewhere_.exchange(false)) shadow_.ResetToPids(ReadControlPids());
 }
 
 std::vector<unsigned> ProcessListView::ReadControlPids() const {
@@ -186,7 +233,8 @@ void ProcessListView::RemoveEndedRows() {
     // Intended: one forward pass that always advances, so the row moving up into a deleted row's place
     // waits for the next refresh.
     for (int row = 0; row < shadow_.Count(); ++row) {
-        if (source_->GetItemByPid(shadow_.PidAt(row)) == -1 && ListView_DeleteItem(listView_, row)) {
+        if (source_->GetItemByPid(shadow_.PidAt(row)) == -1 &&
+            OwnRowChange([&] { return ListView_DeleteItem(listView_, row); })) {
             shadow_.Erase(row);
         }
     }
@@ -205,7 +253,7 @@ int ProcessListView::FindOrInsertRow(int index) {
     item.pszText = const_cast<wchar_t*>(imageName.c_str());
     item.iImage = source_->GetItemImageListIndex(index);
     item.lParam = static_cast<LPARAM>(pid);
-    const int inserted = ListView_InsertItem(listView_, &item);
+    const int inserted = OwnRowChange([&] { return ListView_InsertItem(listView_, &item); });
     if (inserted >= 0) shadow_.Insert(inserted, pid, item.iImage, imageName);
     return inserted;
 }
@@ -247,7 +295,7 @@ void ProcessListView::SortIfMisplaced() {
     if (misplaced >= 0) {
         // The sort hands the callback the rows' PIDs rather than positions: Wine's LVM_SORTITEMSEX passes
         // positions of the unsorted list while it merges moved rows, which sorts wrongly.
-        ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this));
+        OwnRowChange([&] { return ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this)); });
         FollowControlSort();
     }
 }

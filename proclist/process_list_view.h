@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 #include "kestrel.h"
 #include "process_source.h"
@@ -57,11 +58,20 @@ public:
     SortState GetSortState() const;
     void SetSortState(SortState state);
     HWND GetListView() const { return listView_; }
+    // The PID of the selected row, none when no row is selected. One message to the control: the row's
+    // PID comes from the copy of the rows, unless their order is not known for certain.
+    std::optional<unsigned> SelectedPid();
     // Held by every refresh; the refresh thread also holds it while the provider switches snapshots, so
     // the rows' keys cannot change in the middle of a refresh.
     RefreshGate& GetRefreshGate() { return refreshGate_; }
 
 private:
+    // Notes rows inserted, deleted or sorted by anyone but this object, so that the next refresh reads the
+    // control's rows again instead of asking it for its row count every time.
+    static LRESULT CALLBACK ListViewProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    // Runs change (a message that adds, removes or reorders rows) as this object's own change.
+    template <typename Change>
+    auto OwnRowChange(Change change);
     static int CALLBACK ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPARAM self);
     int CompareRows(int rowA, int rowB) const;
     int ComparePids(unsigned pidA, unsigned pidB) const;
@@ -85,6 +95,11 @@ private:
     // What the rows were last given, so unchanged cells and row look-ups cost no message to the control.
     RowShadow shadow_;
     RefreshGate refreshGate_;
+    WNDPROC previousListProc_ = nullptr;
+    // Set by the control's thread when rows change by another hand (and at first); cleared by the refresh
+    // that reads the rows back. The flag of an own change is set around each such message.
+    std::atomic<bool> rowsChangedElsewhere_{true};
+    std::atomic<bool> changingRows_{false};
 };
 
 }  // namespace proclist

@@ -165,6 +165,44 @@ TEST_F(ProcessListViewTest, OnlyChangedCellsAreWrittenAndNoneIsReadBack) {
     EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 20), proclist::kColumnHandles), L"77");
 }
 
+TEST_F(ProcessListViewTest, ASteadyRefreshAsksTheControlNothingAboutItsRows) {
+    AddNumbered({10, 20, 30});
+    list_.Refresh();
+    MessageCounter count(ListView(), LVM_GETITEMCOUNT);
+    MessageCounter reads(ListView(), LVM_GETITEMW);
+    list_.Refresh();
+    source_->Add(40, L"new.exe");
+    list_.Refresh();
+    EXPECT_EQ(count.Seen(), 0);
+    EXPECT_EQ(reads.Seen(), 0);
+    EXPECT_EQ(ListView_GetItemCount(ListView()), 4);
+}
+
+// The selection's PID comes from the copy of the rows while their order is certain, and from the control
+// once another hand has added rows.
+TEST_F(ProcessListViewTest, SelectedPidFollowsTheSelectedRowWhoeverMovedIt) {
+    list_.SetSortState({kUnsorted, false});
+    AddNumbered({10, 20, 30});
+    list_.Refresh();
+    EXPECT_FALSE(list_.SelectedPid().has_value());
+    ListView_SetItemState(ListView(), RowOfPid(ListView(), 20), LVIS_SELECTED, LVIS_SELECTED);
+    {
+        MessageCounter reads(ListView(), LVM_GETITEMW);
+        EXPECT_EQ(list_.SelectedPid(), 20u);
+        EXPECT_EQ(reads.Seen(), 0) << "no row read back";
+    }
+    wchar_t text[] = L"other.exe";
+    LVITEMW item{};
+    item.mask = LVIF_TEXT | LVIF_PARAM;
+    item.pszText = text;
+    item.lParam = 999;
+    ASSERT_EQ(ListView_InsertItem(ListView(), &item), 0);   // above the selection
+    EXPECT_EQ(list_.SelectedPid(), 20u);
+    list_.Refresh();   // reads the rows back and removes the stranger
+    EXPECT_EQ(list_.SelectedPid(), 20u);
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{30, 20, 10}));
+}
+
 TEST_F(ProcessListViewTest, ManyNewRowsAreFilledWithDrawingPausedOnce) {
     AddNumbered({1, 2, 3});
     {
