@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <algorithm>
 #include <cwchar>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -66,13 +67,21 @@ bool QueryProcessList(std::vector<BYTE>& buffer) {
     return query != nullptr;
 }
 
-// Kernel plus user time of a process, from the system's process list: under Wine, GetProcessTimes
-// reports zero times for other processes, while the system process list carries the real ones.
-ULONGLONG CpuTime100ns(DWORD pid) {
+// Kernel plus user time of a process and of each of its threads (100 ns units), from the system's process
+// list: under Wine, GetProcessTimes reports zero times for other processes, while the system process list
+// carries the real ones.
+struct ProcessCpu {
+    ULONGLONG total = 0;
+    std::map<DWORD, ULONGLONG> threads;   // by thread id
+};
+
+ProcessCpu ReadProcessCpu(DWORD pid) {
+    ProcessCpu cpu;
     std::vector<BYTE> buffer;
-    if (!QueryProcessList(buffer)) return 0;
+    if (!QueryProcessList(buffer)) return cpu;
     // The entry's layout up to the process id: next offset, thread count, 24 bytes of other counters, the creation,
-    // user and kernel times, then name and priority; the process id follows those.
+    // user and kernel times, then name and priority; the process id follows those. The thread entries follow
+    // the whole process entry (256 bytes on x64).
     struct Entry {
         ULONG nextOffset;
         ULONG threadCount;
@@ -84,15 +93,54 @@ ULONGLONG CpuTime100ns(DWORD pid) {
         LONG basePriority;
         HANDLE processId;
     };
+    struct ThreadEntry {
+        LARGE_INTEGER kernelTime;
+        LARGE_INTEGER userTime;
+        LARGE_INTEGER createTime;
+        ULONG waitTime;
+        PVOID startAddress;
+        CLIENT_ID clientId;
+        LONG priority;
+        LONG basePriority;
+        ULONG contextSwitches;
+        ULONG threadState;
+        ULONG waitReason;
+    };
+    constexpr size_t kProcessEntrySize = 256;
     for (size_t offset = 0; offset < buffer.size();) {
         const auto* entry = reinterpret_cast<const Entry*>(buffer.data() + offset);
         if (reinterpret_cast<ULONG_PTR>(entry->processId) == pid) {
-            return static_cast<ULONGLONG>(entry->userTime.QuadPart + entry->kernelTime.QuadPart);
+            cpu.total = static_cast<ULONGLONG>(entry->userTime.QuadPart + entry->kernelTime.QuadPart);
+            const auto* thread = reinterpret_cast<const ThreadEntry*>(buffer.data() + offset + kProcessEntrySize);
+            for (ULONG i = 0; i < entry->threadCount; ++i, ++thread) {
+                const auto tid = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(thread->clientId.UniqueThread));
+                cpu.threads[tid] = static_cast<ULONGLONG>(thread->userTime.QuadPart + thread->kernelTime.QuadPart);
+            }
+            return cpu;
         }
         if (entry->nextOffset == 0) break;
         offset += entry->nextOffset;
     }
-    return 0;
+    return cpu;
+}
+
+ULONGLONG CpuTime100ns(DWORD pid) { return ReadProcessCpu(pid).total; }
+
+// Each thread's share of one core between two readings, the main window's thread first, busiest next.
+void PrintThreadShares(const ProcessCpu& before, const ProcessCpu& after, DWORD windowThread, double seconds) {
+    std::vector<std::pair<double, DWORD>> shares;
+    for (const auto& [tid, time] : after.threads) {
+        const auto earlier = before.threads.find(tid);
+        const ULONGLONG start = earlier != before.threads.end() ? earlier->second : 0;
+        shares.emplace_back((time - start) / 1e5 / seconds, tid);
+    }
+    std::sort(shares.rbegin(), shares.rend());
+    for (const auto& [share, tid] : shares) {
+        if (tid == windowThread) wprintf(L"  main window's thread (UI): %.2f %% of one core\n", share);
+    }
+    for (const auto& [share, tid] : shares) {
+        if (tid != windowThread && share >= 0.01) wprintf(L"  thread %04lx: %.2f %% of one core\n", tid, share);
+    }
 }
 
 // Private bytes through the VM counters, which Wine fills (the documented process counters give 0 there).
@@ -183,7 +231,8 @@ int wmain(int argc, wchar_t** argv) {
                 popups.memory ? L"pinned" : L"NOT pinned");
     }
 
-    const ULONGLONG cpuStart = CpuTime100ns(program.Pid());
+    const ProcessCpu cpuAtStart = ReadProcessCpu(program.Pid());
+    const ULONGLONG cpuStart = cpuAtStart.total;
     const ULONGLONG wallStart = GetTickCount64();
     std::vector<SIZE_T> privateSamples{PrivateBytes(program.Process())};
     wprintf(L"t=0s private=%.2f MB\n", privateSamples.back() / 1048576.0);
@@ -200,7 +249,8 @@ int wmain(int argc, wchar_t** argv) {
         cpuBefore = cpuNow;
         fflush(stdout);
     }
-    const double cpuSeconds = (CpuTime100ns(program.Pid()) - cpuStart) / 1e7;
+    const ProcessCpu cpuEnd = ReadProcessCpu(program.Pid());
+    const double cpuSeconds = (cpuEnd.total - cpuStart) / 1e7;
     const double wallSeconds = (GetTickCount64() - wallStart) / 1000.0;
     const double cycles = wallSeconds * 1000.0 / (options.intervalMs ? options.intervalMs : 100);
 
@@ -208,6 +258,9 @@ int wmain(int argc, wchar_t** argv) {
             options.pinPopups ? L"pinned open" : L"closed", options.children, wallSeconds);
     wprintf(L"program CPU: %.3f s = %.3f %% of one core, %.3f ms per cycle\n", cpuSeconds,
             100.0 * cpuSeconds / wallSeconds, 1000.0 * cpuSeconds / cycles);
+    // The refresh thread carries the wait poll and the process-list query measured above; the UI thread
+    // answers the refresh thread's messages to its windows and repaints.
+    PrintThreadShares(cpuAtStart, cpuEnd, GetWindowThreadProcessId(main, nullptr), wallSeconds);
     const size_t half = privateSamples.size() / 2;
     wprintf(L"private bytes: %.2f MB at the end; change over the second half of the run: %+.2f MB\n",
             privateSamples.back() / 1048576.0,
