@@ -1,34 +1,11 @@
-// Which windows of a process count, how their titles are read, and the menu texts by window count.
+// Which windows of a process count and how their titles are read.
 #include "mainwnd/process_windows_rules.h"
-#include "mainwnd/process_windows_text.h"
 
 #include <gtest/gtest.h>
-
-#include "string_ids.h"
 
 namespace {
 
 using lmvx::TitleRead;
-
-TEST(WindowMenuTexts, OneOrNoWindowActsAtOnce) {
-    for (int count : {0, 1}) {
-        EXPECT_EQ(static_cast<unsigned>(IDS_MENU_CLOSE_WINDOW), lmvx::CloseWindowTextId(count));
-        EXPECT_EQ(static_cast<unsigned>(IDS_MENU_BRING_TO_FRONT), lmvx::BringToFrontTextId(count));
-    }
-}
-
-TEST(WindowMenuTexts, TwoOrMoreWindowsOfferAChoice) {
-    for (int count : {2, 3, 40}) {
-        EXPECT_EQ(static_cast<unsigned>(IDS_MENU_CLOSE_WINDOW_MANY), lmvx::CloseWindowTextId(count));
-        EXPECT_EQ(static_cast<unsigned>(IDS_MENU_BRING_TO_FRONT_MANY), lmvx::BringToFrontTextId(count));
-    }
-}
-
-TEST(WindowMenuTexts, ItemsAreGrayedWithoutAWindow) {
-    EXPECT_FALSE(lmvx::WindowItemsEnabled(0));
-    EXPECT_TRUE(lmvx::WindowItemsEnabled(1));
-    EXPECT_TRUE(lmvx::WindowItemsEnabled(2));
-}
 
 TEST(WindowTitleRead, OwnWindowsOnOtherThreadsAreAskedWithATimeOut) {
     EXPECT_EQ(TitleRead::TimedMessage, lmvx::ChooseTitleRead(10, 21, 10, 20));

@@ -4,7 +4,6 @@
 #include "app/logon_launcher.h"
 #include "app/startup_text.h"
 #include "mainwnd/about_dialogs.h"
-#include "mainwnd/main_window_layout.h"
 #include "mainwnd/window_placement.h"
 
 namespace lmvx {
@@ -61,23 +60,6 @@ TEST(PlacementRestore, OnlyMaximisedSurvivesEverythingElseShowsNormally) {
     EXPECT_EQ(RestoredShowCommand(SW_MINIMIZE), static_cast<UINT>(SW_SHOW));
     EXPECT_EQ(RestoredShowCommand(SW_SHOWNORMAL), static_cast<UINT>(SW_SHOW));
     EXPECT_EQ(RestoredShowCommand(SW_HIDE), static_cast<UINT>(SW_SHOW));
-}
-
-TEST(MainWindowLayout, ListTakesTheSpaceBetweenTheBars) {
-    const MainWindowLayout layout = ComputeMainWindowLayout(640, 480, 30, 22);
-    EXPECT_EQ(layout.list.left, 0);
-    EXPECT_EQ(layout.list.top, 30);
-    EXPECT_EQ(layout.list.right, 640);
-    EXPECT_EQ(layout.list.bottom, 458);
-}
-
-TEST(MainWindowLayout, NeverProducesANegativeSize) {
-    const MainWindowLayout tiny = ComputeMainWindowLayout(10, 20, 30, 22);
-    EXPECT_GE(tiny.list.bottom, tiny.list.top);
-    EXPECT_GE(tiny.list.right, tiny.list.left);
-    const MainWindowLayout empty = ComputeMainWindowLayout(-5, -5, 0, 0);
-    EXPECT_EQ(empty.list.right, 0);
-    EXPECT_GE(empty.list.bottom, empty.list.top);
 }
 
 TEST(AboutBox, VersionAndBuildLines) {

@@ -52,16 +52,6 @@ TEST_F(IconResources, EveryIconHasItsOwnImageAtBothSizes) {
     }
 }
 
-TEST_F(IconResources, EveryIconLoadsAtBothSizes) {
-    for (const auto& icon : ids_) {
-        for (int size : kSizes) {
-            const IconPixels pixels = Pixels(icon.id, size);
-            EXPECT_EQ(pixels.width, size) << icon.name;
-            EXPECT_EQ(pixels.height, size) << icon.name;
-        }
-    }
-}
-
 TEST_F(IconResources, NoIconIsBlankOrOneFlatColour) {
     for (const auto& icon : ids_) {
         for (int size : kSizes) {

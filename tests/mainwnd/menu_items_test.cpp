@@ -1,4 +1,4 @@
-// The contents of the process menu, its priority submenu and the tray menu, decided from plain facts.
+// The contents of the process menu and its priority submenu, decided from plain facts.
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "mainwnd/process_menu_items.h"
-#include "mainwnd/tray_menu_items.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -54,18 +53,6 @@ TEST(ProcessMenu, PropertiesIsTheOnlyDefaultItem) {
     EXPECT_EQ(EntryFor(entries, IDM_PROPERTIES).textId, static_cast<unsigned>(IDS_MENU_PROPERTIES));
 }
 
-TEST(ProcessMenu, ARunningProcessOffersPauseAndASuspendedOneResume) {
-    auto facts = RunningChild(0);
-    const auto running = ProcessMenuEntries(facts);
-    EXPECT_EQ(running[0].commandId, static_cast<unsigned>(IDM_PAUSE_PROCESS));
-    EXPECT_EQ(running[0].textId, static_cast<unsigned>(IDS_MENU_PAUSE_PROCESS));
-    facts.suspended = true;
-    const auto suspended = ProcessMenuEntries(facts);
-    EXPECT_EQ(suspended[0].commandId, static_cast<unsigned>(IDM_RESUME_PROCESS));
-    EXPECT_EQ(suspended[0].textId, static_cast<unsigned>(IDS_MENU_RESUME_PROCESS));
-    EXPECT_FALSE(suspended[0].grayed);
-}
-
 struct WindowCountCase {
     int windows;
     unsigned closeText;
@@ -91,16 +78,6 @@ INSTANTIATE_TEST_SUITE_P(
                       WindowCountCase{2, IDS_MENU_CLOSE_WINDOW_MANY, IDS_MENU_BRING_TO_FRONT_MANY, false},
                       WindowCountCase{7, IDS_MENU_CLOSE_WINDOW_MANY, IDS_MENU_BRING_TO_FRONT_MANY, false}));
 
-TEST(ProcessMenu, OwnProcessHasPauseAndRestartGrayedButTerminateEnabled) {
-    auto facts = RunningChild(1);
-    facts.ownProcess = true;
-    const auto entries = ProcessMenuEntries(facts);
-    EXPECT_TRUE(EntryFor(entries, IDM_PAUSE_PROCESS).grayed);
-    EXPECT_TRUE(EntryFor(entries, IDM_RESTART_PROCESS).grayed);
-    EXPECT_FALSE(EntryFor(entries, IDM_TERMINATE_PROCESS).grayed);
-    EXPECT_FALSE(EntryFor(entries, IDM_PAGE_OUT_PROCESS).grayed);
-}
-
 TEST(ProcessMenu, RestartIsGrayedWithoutACommandLine) {
     auto facts = RunningChild(1);
     EXPECT_FALSE(EntryFor(ProcessMenuEntries(facts), IDM_RESTART_PROCESS).grayed);
@@ -115,19 +92,6 @@ TEST(ProcessMenu, PriorityIsAGrayedPopupWhenItsSubmenuCouldNotBeBuilt) {
     const auto priority = std::find_if(entries.begin(), entries.end(), [](const MenuEntry& e) { return e.submenu; });
     ASSERT_NE(priority, entries.end());
     EXPECT_TRUE(priority->grayed);
-}
-
-TEST(ProcessMenu, AProcessNotInTheSnapshotGetsOnlyAGrayedDefaultProperties) {
-    ProcessMenuFacts gone;   // everything else set, to show that it does not matter
-    gone.windowCount = 3;
-    gone.hasCommandLine = true;
-    gone.priorityMenuBuilt = true;
-    const auto entries = ProcessMenuEntries(gone);
-    ASSERT_EQ(entries.size(), 1u);
-    EXPECT_EQ(entries[0].commandId, static_cast<unsigned>(IDM_PROPERTIES));
-    EXPECT_EQ(entries[0].textId, static_cast<unsigned>(IDS_MENU_PROPERTIES_UNAVAILABLE));
-    EXPECT_TRUE(entries[0].grayed);
-    EXPECT_TRUE(entries[0].isDefault);
 }
 
 struct PriorityCase {
@@ -171,56 +135,6 @@ TEST(PrioritySubmenu, SixClassesInOrderThenASeparatorAndPaused) {
     for (size_t i = 0; i < texts.size(); ++i) EXPECT_EQ(entries[i].textId, texts[i]);
     EXPECT_EQ(entries.back().textId, static_cast<unsigned>(IDS_MENU_PAUSED));
     EXPECT_FALSE(entries.back().checked);
-}
-
-TEST(PrioritySubmenu, PausedIsCheckedAndResumesWhenTheProcessIsSuspended) {
-    const auto entries = PriorityMenuEntries(NORMAL_PRIORITY_CLASS, true, false);
-    EXPECT_EQ(entries.back().commandId, static_cast<unsigned>(IDM_RESUME_PROCESS));
-    EXPECT_TRUE(entries.back().checked);
-    EXPECT_FALSE(entries.back().grayed);
-}
-
-TEST(PrioritySubmenu, OwnProcessCannotGoIdleNorPause) {
-    const auto entries = PriorityMenuEntries(HIGH_PRIORITY_CLASS, false, true);
-    for (const MenuEntry& e : entries) {
-        if (e.separator) continue;
-        const bool mustBeGrayed = e.commandId == IDM_PRIORITY_IDLE || e.textId == IDS_MENU_PAUSED;
-        EXPECT_EQ(e.grayed, mustBeGrayed) << "item " << e.commandId;
-    }
-}
-
-TEST(TrayMenu, ItemsInOrderWithTheirSeparatorIds) {
-    const auto entries = TrayMenuEntries(TrayMenuFacts{true, true, false});
-    ASSERT_EQ(entries.size(), 6u);
-    EXPECT_EQ(entries[0].commandId, static_cast<unsigned>(IDM_TRAY_SHOW_HIDE));
-    EXPECT_TRUE(entries[0].isDefault);
-    EXPECT_TRUE(entries[1].separator);
-    EXPECT_EQ(entries[1].commandId, static_cast<unsigned>(IDM_TRAY_SEPARATOR_1));
-    EXPECT_EQ(entries[2].commandId, static_cast<unsigned>(IDM_SHOW_PERFORMANCE_GRAPH));
-    EXPECT_EQ(entries[2].textId, static_cast<unsigned>(IDS_TRAY_SHOW_PERF_GRAPH));
-    EXPECT_EQ(entries[3].commandId, static_cast<unsigned>(IDM_KEEP_IN_FOREGROUND));
-    EXPECT_EQ(entries[3].textId, static_cast<unsigned>(IDS_TRAY_KEEP_IN_FOREGROUND));
-    EXPECT_TRUE(entries[4].separator);
-    EXPECT_EQ(entries[4].commandId, static_cast<unsigned>(IDM_TRAY_SEPARATOR_2));
-    EXPECT_EQ(entries[5].commandId, static_cast<unsigned>(IDM_EXIT));
-    EXPECT_EQ(entries[5].textId, static_cast<unsigned>(IDS_TRAY_EXIT));
-}
-
-TEST(TrayMenu, FirstItemHidesAVisibleWindowAndShowsAHiddenOne) {
-    EXPECT_EQ(TrayMenuEntries(TrayMenuFacts{true, false, false})[0].textId, static_cast<unsigned>(IDS_TRAY_HIDE));
-    EXPECT_EQ(TrayMenuEntries(TrayMenuFacts{false, false, false})[0].textId, static_cast<unsigned>(IDS_TRAY_SHOW));
-}
-
-TEST(TrayMenu, ChecksFollowTheGraphOptionAndTheTopmostState) {
-    for (bool graph : {false, true}) {
-        for (bool topmost : {false, true}) {
-            const auto entries = TrayMenuEntries(TrayMenuFacts{true, graph, topmost});
-            EXPECT_EQ(entries[2].checked, graph);
-            EXPECT_EQ(entries[3].checked, topmost);
-            EXPECT_FALSE(entries[0].checked);
-            EXPECT_FALSE(entries[5].checked);
-        }
-    }
 }
 
 }  // namespace

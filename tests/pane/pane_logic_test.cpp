@@ -112,13 +112,6 @@ TEST(RunCommand, SystemMessageHasNoTrailingLineBreak) {
     EXPECT_LE(text.size(), 256u);
 }
 
-TEST(ToolbarTable, HasEighteenButtonsWithSeparatorsAtTwoElevenAndFifteen) {
-    std::set<size_t> separators;
-    for (size_t i = 0; i < kToolbarButtons.size(); ++i)
-        if (kToolbarButtons[i].image == kToolbarSeparator) separators.insert(i);
-    EXPECT_EQ(separators, (std::set<size_t>{2, 11, 15}));
-}
-
 TEST(ToolbarTable, UsesEveryImageOnceInOrder) {
     int expected = 0;
     for (const ToolbarButtonSpec& button : kToolbarButtons) {
@@ -127,22 +120,6 @@ TEST(ToolbarTable, UsesEveryImageOnceInOrder) {
     }
     EXPECT_EQ(expected, static_cast<int>(kToolbarImageIcons.size()));
     EXPECT_EQ(std::set<unsigned short>(kToolbarImageIcons.begin(), kToolbarImageIcons.end()).size(), 15u);
-}
-
-TEST(ToolbarTable, SendsTheMenuCommandsWithBothTexts) {
-    std::set<unsigned> commands;
-    for (const ToolbarButtonSpec& button : kToolbarButtons) {
-        if (button.image == kToolbarSeparator) continue;
-        commands.insert(button.command);
-        EXPECT_NE(std::wstring(button.english), L"");
-        EXPECT_NE(std::wstring(button.german), L"");
-    }
-    EXPECT_EQ(commands, (std::set<unsigned>{IDM_RUN, IDM_KEEP_IN_FOREGROUND, IDM_PAGE_OUT_PROCESS, IDM_PAUSE_PROCESS,
-                                            IDM_CLOSE_WINDOW, IDM_BRING_TO_FRONT, IDM_OPEN_CONTAINING_FOLDER,
-                                            IDM_TERMINATE_PROCESS, IDM_RESTART_PROCESS, IDM_PROPERTIES,
-                                            IDM_TOOL_PULSEWRIGHT, IDM_TOOL_HEAPWRIGHT, IDM_OPTIONS, IDM_WEBSITE, IDM_HELP}));
-    EXPECT_STREQ(kToolbarButtons[8].english, L"Terminate Process");
-    EXPECT_STREQ(kToolbarButtons[8].german, L"Prozess abbrechen");
 }
 
 }  // namespace

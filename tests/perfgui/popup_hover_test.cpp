@@ -61,11 +61,6 @@ protected:
     HWND memory_ = nullptr;
 };
 
-TEST_F(PopupHover, TheHoverTimerChecksThePointerEveryQuarterSecond) {
-    EXPECT_EQ(lmvx::perf::kPopupHoverTimer, 4001u);
-    EXPECT_EQ(lmvx::perf::kPopupTimerPeriod, 250u);
-}
-
 TEST_F(PopupHover, RestingOnTheCpuPaneShowsTheCpuPopupAndLeavingHidesIt) {
     EXPECT_FALSE(IsShown(cpu_));
     const POINT pane = PaneCentre(lmvx::perf::kPaneCpu);

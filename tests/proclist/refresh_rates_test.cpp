@@ -18,15 +18,6 @@ unsigned CheckedCommand(unsigned period) {
     return checked;
 }
 
-TEST(RefreshRates, CommandsSelectTheirPeriods) {
-    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_VERY_LOW), 3000u);
-    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_LOW), 1000u);
-    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_MEDIUM), 500u);
-    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_HIGH), 250u);
-    EXPECT_EQ(PeriodOfRateCommand(IDM_RATE_VERY_HIGH), 100u);
-    EXPECT_FALSE(PeriodOfRateCommand(IDM_SORT_REVERSE).has_value());
-}
-
 TEST(RefreshRates, ZeroPeriodCountsAsOneHundred) {
     EXPECT_EQ(EffectivePeriod(0), 100u);
     EXPECT_EQ(EffectivePeriod(1), 1u);
@@ -41,12 +32,6 @@ TEST(RateMenu, ListsTheFiveRatesInOrder) {
         EXPECT_EQ(items[i].commandId, commands[i]);
         EXPECT_EQ(items[i].stringId, IDS_RATE_VERY_LOW + i);
         EXPECT_FALSE(items[i].separator);
-    }
-}
-
-TEST(RateMenu, ChecksTheItemOfTheCurrentPeriod) {
-    for (unsigned command : {IDM_RATE_VERY_LOW, IDM_RATE_LOW, IDM_RATE_MEDIUM, IDM_RATE_HIGH, IDM_RATE_VERY_HIGH}) {
-        EXPECT_EQ(CheckedCommand(*PeriodOfRateCommand(command)), command);
     }
 }
 

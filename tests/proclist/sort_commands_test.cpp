@@ -122,24 +122,5 @@ TEST(SortMenu, UnknownModeChecksNoModeItem) {
     for (const MenuItemSpec& item : SortMenuItems({13, false})) EXPECT_FALSE(item.checked);
 }
 
-TEST(ColumnTable, HeadersWidthsAndAlignment) {
-    const auto& columns = ProcessListColumns();
-    const ColumnSpec expected[kColumnCount] = {
-        {IDS_MENU_PROCESS, 160, ColumnAlignment::Left},         {IDS_COLUMN_CPU_USAGE, 50, ColumnAlignment::Right},
-        {0, 70, ColumnAlignment::Right},                        {IDS_COLUMN_MEMORY_USAGE, 70, ColumnAlignment::Right},
-        {IDS_COLUMN_DESCRIPTION, 250, ColumnAlignment::Left},   {IDS_COLUMN_COMPANY_NAME, 180, ColumnAlignment::Left},
-        {IDS_COLUMN_PATH_NAME, 300, ColumnAlignment::Left},     {IDS_COLUMN_PROCESS_ID, 70, ColumnAlignment::Right},
-        {IDS_COLUMN_START_TIME, 120, ColumnAlignment::Left},    {IDS_COLUMN_USERNAME, 120, ColumnAlignment::Left},
-        {IDS_COLUMN_HANDLES, 50, ColumnAlignment::Right},       {IDS_COLUMN_USER_OBJECTS, 60, ColumnAlignment::Right},
-        {IDS_COLUMN_GDI_OBJECTS, 50, ColumnAlignment::Right},
-    };
-    for (int i = 0; i < kColumnCount; ++i) {
-        SCOPED_TRACE(i);
-        EXPECT_EQ(columns[i].headerStringId, expected[i].headerStringId);
-        EXPECT_EQ(columns[i].width, expected[i].width);
-        EXPECT_EQ(columns[i].alignment, expected[i].alignment);
-    }
-}
-
 }  // namespace
 }  // namespace proclist
