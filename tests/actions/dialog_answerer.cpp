@@ -3,6 +3,7 @@
 #include <set>
 
 #include "dialog_ids.h"
+#include "window_texts.h"
 
 namespace actions_test {
 
@@ -26,11 +27,7 @@ std::vector<HWND> VisibleBoxesOfThisProcess() {
     return boxes;
 }
 
-std::wstring TextOf(HWND window) {
-    wchar_t text[1024] = {};
-    GetWindowTextW(window, text, 1024);
-    return text;
-}
+using lmvx_test::WindowText;
 
 }  // namespace
 
@@ -66,14 +63,14 @@ void DialogAnswerer::Run() {
 
 void DialogAnswerer::Answer(HWND box) {
     SeenBox seen;
-    seen.caption = TextOf(box);
+    seen.caption = WindowText(box);
     // The task dialog of a warning draws its texts late: give it a moment to have them.
     Sleep(100);
     EnumChildWindows(
         box,
         [](HWND child, LPARAM context) -> BOOL {
             auto* texts = reinterpret_cast<std::map<int, std::wstring>*>(context);
-            (*texts)[GetDlgCtrlID(child)] += TextOf(child);
+            (*texts)[GetDlgCtrlID(child)] += WindowText(child);
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&seen.controlTexts));

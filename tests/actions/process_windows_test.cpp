@@ -9,10 +9,13 @@
 #include "action_test_environment.h"
 #include "command_ids.h"
 #include "menu_answerer.h"
+#include "message_pump.h"
 #include "string_ids.h"
 #include "window_child_process.h"
 
 namespace {
+
+constexpr DWORD kWaitMs = 10000;
 
 using actions_test::MenuAnswerer;
 using actions_test::SeenMenuItem;
@@ -40,15 +43,6 @@ bool IsAbove(HWND first, HWND second) {
     return false;
 }
 
-template <typename Condition>
-bool WaitFor(Condition condition) {
-    for (int tries = 0; tries < 500; ++tries) {
-        if (condition()) return true;
-        Sleep(20);
-    }
-    return condition();
-}
-
 TEST_F(ProcessWindows, AWindowWithoutTitleDoesNotCountAndTheMenuSaysSo) {
     WindowChild child({L""});
     ASSERT_EQ(1u, actions_test::VisibleWindowsOf(child.Pid()).size());
@@ -73,14 +67,14 @@ TEST_F(ProcessWindows, OneTitledWindowIsRestoredAndRaisedWithoutAMenu) {
     WindowChild child({L"Lumivex one window"}, true);
     const HWND window = child.WindowTitled(L"Lumivex one window");
     ASSERT_NE(nullptr, window);
-    ASSERT_TRUE(WaitFor([&] { return IsIconic(window) != FALSE; }));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsIconic(window) != FALSE; }, kWaitMs));
     PutOwnerOnTop();
     EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
 
     MenuAnswerer menu(L"");
     EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 0, 0, owner_.Get()));
     EXPECT_FALSE(menu.MenuWasShown());
-    EXPECT_TRUE(WaitFor([&] { return !IsIconic(window); }));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsIconic(window); }, kWaitMs));
     EXPECT_TRUE(IsAbove(window, owner_.Get()));
 }
 
@@ -101,7 +95,7 @@ TEST_F(ProcessWindows, TheTopmostWindowIsNeverConsidered) {
     PutOwnerOnTop();
     ASSERT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    ASSERT_TRUE(WaitFor([&] { return GetWindow(GetDesktopWindow(), GW_CHILD) == window; }));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return GetWindow(GetDesktopWindow(), GW_CHILD) == window; }, kWaitMs));
     EXPECT_EQ(0, lmvx::CountProcessWindows(child.Pid()));
 }
 
@@ -122,7 +116,7 @@ TEST_F(ProcessWindows, TwoWindowsAreOfferedInZOrderAndTheChosenOneIsClosed) {
     EXPECT_EQ(firstAbove ? L"Lumivex window A" : L"Lumivex window B", items[0].text);
     EXPECT_EQ(firstAbove ? L"Lumivex window B" : L"Lumivex window A", items[1].text);
     EXPECT_FALSE(items[0].grayed);
-    EXPECT_TRUE(WaitFor([&] { return !IsWindow(first); }));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(first); }, kWaitMs));
     EXPECT_TRUE(IsWindow(second));
     EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
 }
@@ -134,13 +128,13 @@ TEST_F(ProcessWindows, TheChosenOfTwoWindowsIsBroughtToFront) {
     ASSERT_NE(nullptr, lower);
     ASSERT_NE(nullptr, upper);
     SetWindowPos(lower, upper, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    ASSERT_TRUE(WaitFor([&] { return IsAbove(upper, lower); }));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(upper, lower); }, kWaitMs));
     PutOwnerOnTop();
 
     MenuAnswerer menu(L"Lumivex window C");
     EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 50, 50, owner_.Get()));
     EXPECT_TRUE(menu.MenuWasShown());
-    EXPECT_TRUE(WaitFor([&] { return IsAbove(lower, upper); }));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(lower, upper); }, kWaitMs));
 }
 
 TEST_F(ProcessWindows, NoChoiceRaisesAndClosesNothing) {

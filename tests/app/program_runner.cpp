@@ -67,29 +67,10 @@ DWORD ProgramRunner::WaitForExit(DWORD timeoutMs) const {
     return code;
 }
 
-std::wstring WindowText(HWND window) {
-    wchar_t text[1024] = {};
-    // WM_GETTEXT rather than GetWindowTextW, which does not read other processes' controls.
-    SendMessageTimeoutW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 2000, nullptr);
-    return text;
-}
-
 std::wstring ClassName(HWND window) {
     wchar_t name[256] = {};
     GetClassNameW(window, name, 256);
     return name;
-}
-
-std::vector<std::wstring> DescendantTexts(HWND window) {
-    std::vector<std::wstring> texts;
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM parameter) -> BOOL {
-            reinterpret_cast<std::vector<std::wstring>*>(parameter)->push_back(WindowText(child));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
-    return texts;
 }
 
 void PressButton(HWND dialog, int id) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "window_texts.h"
+
 namespace lmvx::test {
 
 class ProgramRunner {
@@ -33,10 +35,9 @@ private:
 };
 
 // Helpers for reading windows back.
-std::wstring WindowText(HWND window);
+using lmvx_test::DescendantTexts;
+using lmvx_test::WindowText;
 std::wstring ClassName(HWND window);
-// All descendants' texts, in z-order, for finding a message in a box whatever control shows it.
-std::vector<std::wstring> DescendantTexts(HWND window);
 // Presses the button with this id (or sends the command when no such button exists).
 void PressButton(HWND dialog, int id);
 

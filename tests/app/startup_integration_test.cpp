@@ -17,11 +17,7 @@ const std::wstring kMainCaption = L"Orvane Lumivex 5";
 
 std::wstring ProgramPath() { return TestBinFolder() + L"\\lmvx64.exe"; }
 
-bool AnyTextContains(HWND window, const std::wstring& part) {
-    if (WindowText(window).find(part) != std::wstring::npos) return true;
-    const auto texts = DescendantTexts(window);
-    return std::any_of(texts.begin(), texts.end(), [&](const std::wstring& t) { return t.find(part) != std::wstring::npos; });
-}
+using lmvx_test::AnyTextContains;
 
 // Closes the box the way a user would: OK, or Enter on the default button.
 void DismissBox(HWND box) {

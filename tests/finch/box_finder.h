@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "window_texts.h"
+
 namespace finch_test {
 
 // The top-level dialog (class #32770) with this caption, waiting up to the limit for it to appear.
@@ -22,24 +24,8 @@ inline HWND WaitForDialogBox(const wchar_t* caption, std::chrono::milliseconds l
 }
 
 // The texts of all the box's child windows.
-inline std::vector<std::wstring> ChildTexts(HWND box) {
-    std::vector<std::wstring> texts;
-    EnumChildWindows(
-        box,
-        [](HWND child, LPARAM context) -> BOOL {
-            wchar_t text[512] = {};
-            GetWindowTextW(child, text, 512);
-            reinterpret_cast<std::vector<std::wstring>*>(context)->push_back(text);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
-    return texts;
-}
-
-inline bool AnyTextContains(const std::vector<std::wstring>& texts, const std::wstring& part) {
-    return std::any_of(texts.begin(), texts.end(),
-                       [&](const std::wstring& text) { return text.find(part) != std::wstring::npos; });
-}
+using lmvx_test::AnyTextContains;
+inline std::vector<std::wstring> ChildTexts(HWND box) { return lmvx_test::DescendantTexts(box); }
 
 inline bool AnyTextEquals(const std::vector<std::wstring>& texts, const std::wstring& whole) {
     return std::find(texts.begin(), texts.end(), whole) != texts.end();

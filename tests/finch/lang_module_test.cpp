@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+#include "window_texts.h"
+
 namespace {
 
 class LangModuleTest : public ::testing::Test {
@@ -45,11 +47,7 @@ INT_PTR CALLBACK EndAtOnceProcedure(HWND dialog, UINT message, WPARAM wParam, LP
     }
 }
 
-std::wstring WindowText(HWND window) {
-    wchar_t text[256] = {};
-    GetWindowTextW(window, text, 256);
-    return text;
-}
+using lmvx_test::WindowText;
 
 std::wstring MenuText(HMENU menu, UINT item, UINT flags) {
     wchar_t text[256] = {};

@@ -8,6 +8,7 @@
 
 #include "child_process.h"
 #include "kestrel.h"
+#include "message_pump.h"
 #include "program_runner.h"
 #include "resource.h"
 #include "settings_seed.h"
@@ -19,21 +20,7 @@ constexpr DWORD kWaitMs = 30000;
 const std::wstring kMainCaption = L"Orvane Lumivex 5";
 const std::wstring kAppName = L"Lumivex";
 
-bool AnyTextContains(HWND window, const std::wstring& part) {
-    const auto texts = DescendantTexts(window);
-    return std::any_of(texts.begin(), texts.end(),
-                       [&](const std::wstring& text) { return text.find(part) != std::wstring::npos; });
-}
-
-template <typename Condition>
-bool WaitUntil(Condition condition, DWORD limitMs) {
-    const ULONGLONG deadline = GetTickCount64() + limitMs;
-    while (!condition()) {
-        if (GetTickCount64() > deadline) return false;
-        Sleep(20);
-    }
-    return true;
-}
+using lmvx_test::AnyTextContains;
 
 class MainWindowCommands : public ::testing::Test {
 protected:
@@ -86,7 +73,7 @@ TEST_F(MainWindowCommands, HelpWithoutTheHelpFileSaysSoInABoxTitledHelp) {
     ASSERT_NE(box, nullptr) << "no help box";
     EXPECT_TRUE(AnyTextContains(box, L"Helpfile not found."));
     PressButton(box, IDOK);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 
@@ -104,7 +91,7 @@ TEST_P(ShutdownConfirmations, AnsweringNoLeavesEverythingRunning) {
     EXPECT_TRUE(AnyTextContains(box, GetParam().question));
     ASSERT_NE(GetDlgItem(box, IDNO), nullptr) << "the question offers no No";
     PressButton(box, IDNO);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 
@@ -117,25 +104,25 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(MainWindowCommands, KeepInForegroundTogglesTheTopmostState) {
     const bool before = IsTopmost();
     Post(IDM_KEEP_IN_FOREGROUND);
-    EXPECT_TRUE(WaitUntil([&] { return IsTopmost() != before; }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsTopmost() != before; }, kWaitMs));
     Post(IDM_KEEP_IN_FOREGROUND);
-    EXPECT_TRUE(WaitUntil([&] { return IsTopmost() == before; }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsTopmost() == before; }, kWaitMs));
 }
 
 TEST_F(MainWindowCommands, ShowOrHideHidesAVisibleWindowAndBringsItBack) {
     Post(IDM_TRAY_SHOW_HIDE);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(main_); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindowVisible(main_); }, kWaitMs));
     Post(IDM_TRAY_SHOW_HIDE);
-    EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(main_) != FALSE; }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsWindowVisible(main_) != FALSE; }, kWaitMs));
 }
 
 TEST_F(MainWindowCommands, ShowOrHideRestoresAMinimisedHiddenWindow) {
     ShowWindow(main_, SW_MINIMIZE);
-    ASSERT_TRUE(WaitUntil([&] { return IsIconic(main_) != FALSE; }, kWaitMs));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsIconic(main_) != FALSE; }, kWaitMs));
     Post(IDM_TRAY_SHOW_HIDE);
-    ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(main_); }, kWaitMs));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindowVisible(main_); }, kWaitMs));
     Post(IDM_TRAY_SHOW_HIDE);
-    EXPECT_TRUE(WaitUntil([&] { return IsWindowVisible(main_) && !IsIconic(main_); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsWindowVisible(main_) && !IsIconic(main_); }, kWaitMs));
 }
 
 class MissingSiblingTool : public MainWindowCommands,
@@ -148,7 +135,7 @@ TEST_P(MissingSiblingTool, IsReportedInAWarningThatNamesIt) {
     ASSERT_NE(box, nullptr) << "a missing tool must not be ignored silently";
     EXPECT_TRUE(AnyTextContains(box, fileName));
     PressButton(box, IDOK);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 
@@ -159,9 +146,9 @@ INSTANTIATE_TEST_SUITE_P(PulsewrightAndHeapwright, MissingSiblingTool,
 TEST_F(MainWindowCommands, TheElevationCommandTogglesTheStoredRequest) {
     const DWORD before = ReadDword(L"RequestElevation").value_or(0);
     Post(IDM_TOGGLE_REQUEST_ELEVATION);
-    EXPECT_TRUE(WaitUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == (before ? 0u : 1u); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == (before ? 0u : 1u); }, kWaitMs));
     Post(IDM_TOGGLE_REQUEST_ELEVATION);
-    EXPECT_TRUE(WaitUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == before; }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == before; }, kWaitMs));
 }
 
 TEST_F(MainWindowCommands, LanguageSettingsOpensTheLanguageDialog) {
@@ -170,7 +157,7 @@ TEST_F(MainWindowCommands, LanguageSettingsOpensTheLanguageDialog) {
         [](HWND window) { return window != main_ && ClassName(window) == L"#32770"; }, kWaitMs);
     ASSERT_NE(dialog, nullptr) << "no language dialog";
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 
@@ -180,7 +167,7 @@ TEST_F(MainWindowCommands, ResumeAllResumesAPausedChild) {
     ASSERT_NE(kestrel::PRM_SuspendProcess(child.Pid()), 0);
     ASSERT_NE(kestrel::PRM_IsProcessSuspended(child.Pid()), 0);
     Post(IDM_RESUME_ALL);
-    EXPECT_TRUE(WaitUntil([&] { return kestrel::PRM_IsProcessSuspended(child.Pid()) == 0; }, kWaitMs));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return kestrel::PRM_IsProcessSuspended(child.Pid()) == 0; }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 

@@ -18,7 +18,7 @@ TEST(VerifyCritialAlloc, AGoodPointerPasses) {
 void FailCriticalAllocationAndAnswerTheBox() {
     wren::SetAppInfo(L"Orvane Test Application", L"WrenAllocTests", L"1.0", 1000, L"test");
     DialogDriver user([](HWND box) {
-        const std::wstring caption = WindowTextOf(box);
+        const std::wstring caption = WindowText(box);
         std::fprintf(stderr, "box caption: %ls\n", caption.c_str());
         SendMessageW(box, WM_COMMAND, IDOK, 0);
     });

@@ -41,10 +41,4 @@ void DialogDriver::Run(DWORD ownerThread) {
     }
 }
 
-std::wstring WindowTextOf(HWND window) {
-    wchar_t text[512] = {};
-    GetWindowTextW(window, text, 512);
-    return text;
-}
-
 void Click(HWND dialog, int controlId) { SendMessageW(GetDlgItem(dialog, controlId), BM_CLICK, 0, 0); }

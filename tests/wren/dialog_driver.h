@@ -9,6 +9,8 @@
 #include <string>
 #include <thread>
 
+#include "window_texts.h"
+
 class DialogDriver {
 public:
     using Action = std::function<void(HWND dialog)>;
@@ -28,6 +30,6 @@ private:
     std::thread thread_;
 };
 
-std::wstring WindowTextOf(HWND window);
+using lmvx_test::WindowText;
 // The way a user picks a radio button or presses a button: a click, delivered on the dialog's own thread.
 void Click(HWND dialog, int controlId);

@@ -23,8 +23,8 @@ TEST_F(LanguageDialogs, FirstStartChoiceOfDeutschIsStoredAndUsed) {
     int result = 0;
     {
         DialogDriver user([&](HWND dialog) {
-            englishName = WindowTextOf(GetDlgItem(dialog, IDC_WREN_LANGUAGE_ENGLISH));
-            germanName = WindowTextOf(GetDlgItem(dialog, IDC_WREN_LANGUAGE_GERMAN));
+            englishName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_ENGLISH));
+            germanName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_GERMAN));
             Click(dialog, IDC_WREN_LANGUAGE_GERMAN);
             Click(dialog, IDOK);
         });
@@ -74,7 +74,7 @@ TEST_F(LanguageDialogs, SettingsChangeIsStoredForTheNextStartOnly) {
     {
         DialogDriver user([&](HWND dialog) {
             englishWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_ENGLISH) == BST_CHECKED;
-            caption = WindowTextOf(dialog);
+            caption = WindowText(dialog);
             Click(dialog, IDC_WREN_LANGUAGE_GERMAN);
             Click(dialog, IDOK);
         });
@@ -98,7 +98,7 @@ TEST_F(LanguageDialogs, SettingsDialogSpeaksGermanAndCancelChangesNothing) {
     {
         DialogDriver user([&](HWND dialog) {
             germanWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_GERMAN) == BST_CHECKED;
-            caption = WindowTextOf(dialog);
+            caption = WindowText(dialog);
             Click(dialog, IDC_WREN_LANGUAGE_ENGLISH);
             Click(dialog, IDCANCEL);
         });
