@@ -295,7 +295,8 @@ void ProcessListView::SortIfMisplaced() {
     if (misplaced >= 0) {
         // The sort hands the callback the rows' PIDs rather than positions: Wine's LVM_SORTITEMSEX passes
         // positions of the unsorted list while it merges moved rows, which sorts wrongly.
-        OwnRowChange([&] { return ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this)); });
+        OwnRowChange(
+            [&] { return ListView_SortItems(listView_, ComparePidsCallback, reinterpret_cast<LPARAM>(this)); });
         FollowControlSort();
     }
 }
