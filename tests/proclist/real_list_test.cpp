@@ -4,7 +4,6 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <cstdlib>
 #include <cwctype>
 #include <string>
 
@@ -120,67 +119,6 @@ TEST_F(RealListTest, ChildIsIndentedBelowItsParentInTreeMode) {
     ASSERT_GE(childRow, 0);
     EXPECT_EQ(RowIndent(list_, childRow), RowIndent(list_, parentRow) + 1);
     EXPECT_GT(childRow, parentRow);
-}
-
-// A test child without a console, so that Wine starts no console host beside it and two such children are
-// neighbours in tree order. Ended (and waited for) when the object goes.
-class DetachedChild {
-public:
-    explicit DetachedChild(const wchar_t* arguments) {
-        std::wstring commandLine = L"\"" + lmvx_test::ChildProcess::HelperPath() + L"\" " + arguments;
-        STARTUPINFOW startup = {};
-        startup.cb = sizeof(startup);
-        PROCESS_INFORMATION process = {};
-        if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr,
-                           &startup, &process)) {
-            CloseHandle(process.hThread);
-            process_ = process.hProcess;
-            pid_ = process.dwProcessId;
-        }
-    }
-    ~DetachedChild() {
-        End();
-        if (process_) CloseHandle(process_);
-    }
-    DetachedChild(const DetachedChild&) = delete;
-    DetachedChild& operator=(const DetachedChild&) = delete;
-
-    bool Started() const { return process_ != nullptr; }
-    unsigned Pid() const { return pid_; }
-    void End() {
-        if (!process_) return;
-        TerminateProcess(process_, 1);
-        WaitForSingleObject(process_, 10000);
-    }
-
-private:
-    HANDLE process_ = nullptr;
-    unsigned pid_ = 0;
-};
-
-TEST_F(RealListTest, TwoAdjacentEndedChildrenLeaveOverTwoRefreshes) {
-    DetachedChild first(L"sleep 60000");
-    DetachedChild second(L"sleep 60000");
-    ASSERT_TRUE(first.Started() && second.Started());
-    view_.SetSortState({proclist::kSortProcessTree, false});
-    UpdateAndRefresh();
-    UpdateAndRefresh();
-    const int firstRow = RowOfPid(list_, first.Pid());
-    const int secondRow = RowOfPid(list_, second.Pid());
-    ASSERT_GE(firstRow, 0);
-    ASSERT_EQ(std::abs(firstRow - secondRow), 1) << "siblings follow each other in tree order";
-
-    first.End();
-    second.End();
-    provider_.Update();
-    ASSERT_EQ(provider_.GetItemByPID(first.Pid()), -1);
-    ASSERT_EQ(provider_.GetItemByPID(second.Pid()), -1);
-    view_.Refresh();
-    const int left = (RowOfPid(list_, first.Pid()) >= 0) + (RowOfPid(list_, second.Pid()) >= 0);
-    EXPECT_EQ(left, 1) << "the row that moved up is examined at the next refresh";
-    UpdateAndRefresh();
-    EXPECT_EQ(RowOfPid(list_, first.Pid()), -1);
-    EXPECT_EQ(RowOfPid(list_, second.Pid()), -1);
 }
 
 }  // namespace
