@@ -4,33 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 
+#include "common/unique_resource.h"
 #include "heron.h"
 #include "list_helpers.h"
 
 namespace heron::test {
 namespace {
 
-class UniqueHandle {
-public:
-    UniqueHandle() = default;
-    explicit UniqueHandle(HANDLE handle) : handle_(handle) {}
-    UniqueHandle(const UniqueHandle&) = delete;
-    UniqueHandle& operator=(const UniqueHandle&) = delete;
-    ~UniqueHandle() { Reset(); }
-    HANDLE Get() const { return handle_; }
-    HANDLE* Put() {
-        Reset();
-        return &handle_;
-    }
-    void Reset() {
-        if (handle_ != nullptr) CloseHandle(std::exchange(handle_, nullptr));
-    }
-
-private:
-    HANDLE handle_ = nullptr;
-};
+using lmvx::UniqueHandle;
 
 // The endpoint holder beside this test program; it holds a listener until its input closes.
 class EndpointHolder {
