@@ -1,7 +1,5 @@
 #include "mainwnd/details_pane.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <memory>
 
@@ -12,6 +10,7 @@
 #include "mainwnd/details_pane_ids.h"
 #include "mainwnd/details_pane_notes.h"
 #include "mainwnd/details_pane_restart.h"
+#include "mainwnd/process_menu.h"
 #include "resource.h"
 #include "wren.h"
 
@@ -22,13 +21,8 @@ DetailsPaneContext* PaneContextOf(HWND pane) {
 }
 
 unsigned SelectedPidOfList(HWND processList) {
-    const int row = static_cast<int>(SendMessageW(processList, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
-    if (row < 0) return 0;
-    LVITEMW item{};
-    item.mask = LVIF_PARAM;
-    item.iItem = row;
-    if (!SendMessageW(processList, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item))) return 0;
-    return static_cast<unsigned>(item.lParam);
+    const unsigned pid = SelectedProcessId(processList);
+    return pid == kNoProcess ? 0 : pid;
 }
 
 unsigned DetailsPaneShownPid(HWND pane) { return GetDlgItemInt(pane, IDC_PANE_SHOWN_PID, nullptr, FALSE); }
