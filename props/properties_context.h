@@ -1,0 +1,48 @@
+// The record that one process properties window shares with all of its pages.
+#pragma once
+#include <windows.h>
+
+#include "heron.h"
+#include "kestrel.h"
+
+namespace lmvx {
+
+// Created by the opener, owned by the window's thread and freed by it when the dialog has ended. Every page
+// receives a pointer to this same record as the lParam of its WM_INITDIALOG and keeps it in GWLP_USERDATA.
+struct ProcessPropertiesContext {
+    HWND mainWindow = nullptr;    // receives WM_USER / WM_USER + 1 when the frame opens and closes
+    HWND parentWindow = nullptr;  // owner of the frame
+    HINSTANCE instance = nullptr;
+    HWND frame = nullptr;
+    HWND generalPage = nullptr;
+    HWND startPage = nullptr;
+    HWND performancePage = nullptr;
+    HWND memoryPage = nullptr;
+    HWND virtualMemoryPage = nullptr;
+    HWND modulesPage = nullptr;
+    HWND handlesPage = nullptr;
+    HWND filesPage = nullptr;
+    HWND networkPage = nullptr;
+    HWND stringsPage = nullptr;
+    HWND threadsPage = nullptr;
+    HWND tokenPage = nullptr;
+    unsigned pid = 0;
+    BOOL topmost = FALSE;         // the main window was topmost when this window was opened
+    kestrel::TL_PROCESSLIST* processList = nullptr;  // the program's provider; look the process up by PID
+    heron::_CONNECTIONLIST connectionList;           // working list of the Network page
+    // Refresh interval of the main window in ms (0 means 100 ms), read once at opening.
+    unsigned refreshInterval = 0;
+};
+
+// The context a page keeps in its window's user data.
+inline ProcessPropertiesContext* PageContext(HWND page) {
+    return reinterpret_cast<ProcessPropertiesContext*>(GetWindowLongPtrW(page, GWLP_USERDATA));
+}
+
+// Stores the context handed to a page's WM_INITDIALOG and returns it.
+inline ProcessPropertiesContext* KeepPageContext(HWND page, LPARAM initParam) {
+    SetWindowLongPtrW(page, GWLP_USERDATA, initParam);
+    return reinterpret_cast<ProcessPropertiesContext*>(initParam);
+}
+
+}  // namespace lmvx
