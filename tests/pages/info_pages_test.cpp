@@ -15,6 +15,8 @@
 #include "child_process.h"
 #include "finch.h"
 #include "kestrel.h"
+#include "mainwnd/details_pane.h"
+#include "mainwnd/details_pane_ids.h"
 #include "mainwnd/details_pane_notes.h"
 #include "mainwnd/priority_names.h"
 #include "pane_test_environment.h"
@@ -316,6 +318,27 @@ TEST_F(InfoPagesTest, GeneralPageShowsTheProcessAndLoadsNotesUpTo511Characters) 
     ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, lmvx::kNotesKey, 0, KEY_READ, &key), ERROR_SUCCESS);
     EXPECT_EQ(RegQueryValueExW(key, image.c_str(), nullptr, nullptr, nullptr, nullptr), ERROR_FILE_NOT_FOUND);
     RegCloseKey(key);
+}
+
+TEST_F(InfoPagesTest, ANoteSavedOnTheGeneralPageReachesTheDetailsPaneShowingTheSameImage) {
+    ChildProcess child(L"sleep 60000");
+    UpdateUntilListed(child);
+    const std::wstring image = provider.GetItemImageName(provider.GetItemByPID(child.Pid()));
+    lmvx::SaveNote(image, L"");
+    HWND pane = lmvx::DetailsPaneCreate(host.Get(), host.List(), provider, lmvx::PaneActions{});
+    ASSERT_NE(pane, nullptr);
+    lmvx::DetailsPaneShowProcess(pane, child.Pid());
+    lmvx::PageServices services = lmvx::CurrentPageServices();
+    services.noteSaved = lmvx::AnnounceNoteSaved;
+    lmvx::SetPageServices(services);
+
+    HWND page = Open(IDD_PAGE_GENERAL, lmvx::GeneralPageProc, child.Pid());
+    SetDlgItemTextW(page, IDC_GENERAL_NOTE, L"shared with the pane");
+    SendDlgItemMessageW(page, IDC_GENERAL_NOTE, EM_SETMODIFY, TRUE, 0);
+    DestroyWindow(page);
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return Text(pane, IDC_PANE_NOTES) == L"shared with the pane"; }, 5000));
+    DestroyWindow(pane);
+    lmvx::SaveNote(image, L"");
 }
 
 }  // namespace
