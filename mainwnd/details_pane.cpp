@@ -177,6 +177,14 @@ INT_PTR OnSetCursor(HWND pane, HWND over) {
     return TRUE;
 }
 
+// A note was saved elsewhere (a properties window): show the stored text unless the user is editing here.
+INT_PTR OnNoteSaved(HWND pane) {
+    DetailsPaneContext* context = PaneContextOf(pane);
+    HWND notes = GetDlgItem(pane, IDC_PANE_NOTES);
+    if (context && !SendMessageW(notes, EM_GETMODIFY, 0, 0)) LoadNoteIntoEdit(notes, context->noteName);
+    return TRUE;
+}
+
 void OnNcDestroy(HWND pane) {
     std::unique_ptr<DetailsPaneContext> context(PaneContextOf(pane));
     SetWindowLongPtrW(pane, GWLP_USERDATA, 0);
@@ -186,6 +194,7 @@ void OnNcDestroy(HWND pane) {
 }  // namespace
 
 INT_PTR CALLBACK DetailsPaneProc(HWND pane, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == NoteSavedMessage()) return OnNoteSaved(pane);
     switch (message) {
     case WM_INITDIALOG: return OnInitDialog(pane, reinterpret_cast<DetailsPaneContext*>(lParam));
     case WM_SIZE: OnSize(pane, LOWORD(lParam), HIWORD(lParam)); return TRUE;

@@ -50,4 +50,20 @@ void SaveNoteFromEdit(HWND edit, const std::wstring& valueName) {
     SendMessageW(edit, EM_SETMODIFY, FALSE, 0);
 }
 
+UINT NoteSavedMessage() {
+    static const UINT message = RegisterWindowMessageW(L"LumivexNoteSaved");
+    return message;
+}
+
+void AnnounceNoteSaved(HWND mainWindow) {
+    if (!mainWindow) return;
+    EnumChildWindows(
+        mainWindow,
+        [](HWND child, LPARAM) -> BOOL {
+            PostMessageW(child, NoteSavedMessage(), 0, 0);
+            return TRUE;
+        },
+        0);
+}
+
 }  // namespace lmvx

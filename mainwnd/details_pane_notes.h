@@ -21,4 +21,10 @@ void SaveNote(const std::wstring& valueName, const std::wstring& note);
 void LoadNoteIntoEdit(HWND edit, const std::wstring& valueName);
 void SaveNoteFromEdit(HWND edit, const std::wstring& valueName);
 
+// Another window saved a note: the details pane among mainWindow's children reads its note again (unless
+// the user is editing it there). Posted, so that a window on another thread never waits for the main window.
+void AnnounceNoteSaved(HWND mainWindow);
+// The message the pane receives for it.
+UINT NoteSavedMessage();
+
 }  // namespace lmvx

@@ -1,5 +1,11 @@
 #include "mainwnd/properties_pages.h"
 
+#include "mainwnd/details_pane_notes.h"
+#include "mainwnd/owner_button.h"
+#include "mainwnd/priority_names.h"
+#include "mainwnd/shell_open.h"
+#include "props/page_services.h"
+#include "props/process_info_pages.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -10,23 +16,30 @@ using enum PageCondition;
 
 // Creation order. A row whose procedure is null is neither created nor listed in the tree.
 const PropertyPage kPages[] = {
-    {IDD_PAGE_GENERAL, {IDS_PAGE_GENERAL}, 1, Always, nullptr, &Ctx::generalPage},
-    {IDD_PAGE_START, {IDS_PAGE_START}, 2, Always, nullptr, &Ctx::startPage},
-    {IDD_PAGE_PERFORMANCE, {IDS_PAGE_PERFORMANCE}, 3, Always, nullptr, &Ctx::performancePage},
-    {IDD_PAGE_MEMORY, {IDS_PAGE_MEMORY}, 4, Always, nullptr, &Ctx::memoryPage},
+    {IDD_PAGE_GENERAL, {IDS_PAGE_GENERAL}, 1, Always, GeneralPageProc, &Ctx::generalPage},
+    {IDD_PAGE_START, {IDS_PAGE_START}, 2, Always, StartPageProc, &Ctx::startPage},
+    {IDD_PAGE_PERFORMANCE, {IDS_PAGE_PERFORMANCE}, 3, Always, PerformancePageProc, &Ctx::performancePage},
+    {IDD_PAGE_MEMORY, {IDS_PAGE_MEMORY}, 4, Always, MemoryPageProc, &Ctx::memoryPage},
     {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, nullptr, &Ctx::modulesPage},
     {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
     {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, nullptr, &Ctx::networkPage},
     {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, nullptr, &Ctx::threadsPage},
-    {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, nullptr, &Ctx::tokenPage},
+    {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, TokenPageProc, &Ctx::tokenPage},
     {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess, nullptr,
      &Ctx::virtualMemoryPage},
 };
 
+constexpr PageServices kPageServices{DrawOwnerButton, OpenInShell, PriorityClassName, LoadNote, SaveNote,
+                                     AnnounceNoteSaved};
+
 }  // namespace
 
-PropertyPageTable ProgramPropertyPages() { return kPages; }
+PropertyPageTable ProgramPropertyPages() {
+    // The pages reach the program's painter, shell opener, priority names and notes through these.
+    SetPageServices(kPageServices);
+    return kPages;
+}
 
 }  // namespace lmvx

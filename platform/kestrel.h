@@ -259,3 +259,14 @@ KESTREL_API int PRM_SetProcessWorkingSetSize(unsigned pid, unsigned long long mi
 KESTREL_API int PRM_SetProcessPriority(unsigned pid, unsigned priorityClass);
 
 }  // namespace kestrel
+
+// ---- Process environment ----
+namespace kestrel {
+
+// The environment block of a process: null-terminated "name=value" strings ended by an empty string, in
+// UTF-16 characters. With a null buffer, stores the block's length (its final empty string included) in
+// *size; with a buffer of *size characters, copies as much of the block as fits and stores the number
+// copied. Non-zero when the block could be read.
+KESTREL_API int PDM_GetProcessEnvironmentBlock(unsigned pid, wchar_t* buffer, unsigned* size);
+
+}  // namespace kestrel

@@ -196,7 +196,15 @@
 #define IDS_COLUMN_PRIVILEGE              290  /* "Privilege" */
 #define IDS_LOGON_ID                      291  /* "Logon ID (%s)" */
 #define IDS_UNKNOWN_GROUP                 292  /* "Unknown Group" */
+#define IDS_FLAG_OWNER                    293  /* "Owner " */
+#define IDS_FLAG_MANDATORY                294  /* "Mandatory " */
+#define IDS_FLAG_DEFAULT                  295  /* "Default " */
+#define IDS_FLAG_ENABLED                  296  /* "Enabled " */
+#define IDS_FLAG_RESTRICTED               297  /* "Restricted " */
 #define IDS_UNKNOWN_PRIVILEGE             298  /* "Unknown Privilege (%u %u)" */
+#define IDS_FLAG_REMOVED                  299  /* "Removed " */
+#define IDS_FLAG_USED_FOR_ACCESS          300  /* "Used for Access " */
+#define IDS_FLAG_DISABLED                 301  /* "Disabled " */
 
 /* Run dialog */
 #define IDS_RUN_AS_CURRENT_USER           305  /* "Run as current user. (%s)" */

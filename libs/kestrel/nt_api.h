@@ -54,7 +54,7 @@ struct SystemProcessEntry {
 };
 static_assert(sizeof(SystemProcessEntry) == 0x100, "x64 layout of SYSTEM_PROCESS_INFORMATION");
 
-// The parts of the PEB and its process parameters that lead to the command line.
+// The parts of the PEB and its process parameters that lead to the command line and the environment.
 struct ProcessBasicInfo {
     NTSTATUS ExitStatus;
     void* PebBaseAddress;
@@ -65,6 +65,8 @@ struct ProcessBasicInfo {
 };
 constexpr SIZE_T PebProcessParametersOffset = 0x20;
 constexpr SIZE_T ParametersCommandLineOffset = 0x70;
+constexpr SIZE_T ParametersEnvironmentOffset = 0x80;
+constexpr SIZE_T ParametersEnvironmentSizeOffset = 0x3F0;   // bytes; filled from Windows Vista on
 
 using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
 using QueryInformationProcessFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);

@@ -13,22 +13,11 @@ ULONGLONG FileTimeValue(const FILETIME& time) {
     return (static_cast<ULONGLONG>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
 }
 
-bool ReadRemote(HANDLE process, ULONG_PTR address, void* buffer, SIZE_T length) {
-    SIZE_T read = 0;
-    return ReadProcessMemory(process, reinterpret_cast<const void*>(address), buffer, length, &read) && read == length;
-}
-
 // Older systems lack ProcessCommandLineInformation: read the string from the process parameters.
 std::wstring ReadCommandLineFromPeb(HANDLE process) {
-    nt::ProcessBasicInfo basic{};
-    const auto query = nt::QueryInformationProcess();
-    if (!query || query(process, nt::ProcessBasicInformationClass, &basic, sizeof basic, nullptr) != nt::StatusSuccess ||
-        !basic.PebBaseAddress)
-        return {};
-    ULONG_PTR parameters = 0;
+    const ULONG_PTR parameters = ProcessParametersAddress(process);
     UNICODE_STRING commandLine{};
-    const auto peb = reinterpret_cast<ULONG_PTR>(basic.PebBaseAddress);
-    if (!ReadRemote(process, peb + nt::PebProcessParametersOffset, &parameters, sizeof parameters) || !parameters ||
+    if (!parameters ||
         !ReadRemote(process, parameters + nt::ParametersCommandLineOffset, &commandLine, sizeof commandLine) ||
         !commandLine.Buffer || commandLine.Length == 0)
         return {};
@@ -38,6 +27,23 @@ std::wstring ReadCommandLineFromPeb(HANDLE process) {
 }
 
 }  // namespace
+
+bool ReadRemote(HANDLE process, ULONG_PTR address, void* buffer, SIZE_T length) {
+    SIZE_T read = 0;
+    return ReadProcessMemory(process, reinterpret_cast<const void*>(address), buffer, length, &read) && read == length;
+}
+
+ULONG_PTR ProcessParametersAddress(HANDLE process) {
+    nt::ProcessBasicInfo basic{};
+    const auto query = nt::QueryInformationProcess();
+    if (!query || query(process, nt::ProcessBasicInformationClass, &basic, sizeof basic, nullptr) != nt::StatusSuccess ||
+        !basic.PebBaseAddress)
+        return 0;
+    ULONG_PTR parameters = 0;
+    const auto peb = reinterpret_cast<ULONG_PTR>(basic.PebBaseAddress);
+    if (!ReadRemote(process, peb + nt::PebProcessParametersOffset, &parameters, sizeof parameters)) return 0;
+    return parameters;
+}
 
 UniqueHandle OpenProcessInstance(DWORD pid, ULONGLONG createTime) {
     UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, pid));

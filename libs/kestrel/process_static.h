@@ -11,6 +11,11 @@ namespace kestrel::detail {
 // when the process cannot be opened or the pid now belongs to a process created at another time.
 UniqueHandle OpenProcessInstance(DWORD pid, ULONGLONG createTime);
 
+// Reads exactly length bytes of another process's memory.
+bool ReadRemote(HANDLE process, ULONG_PTR address, void* buffer, SIZE_T length);
+// Where the process parameters (command line, environment) lie in the process; 0 when unreadable.
+ULONG_PTR ProcessParametersAddress(HANDLE process);
+
 std::wstring ReadImagePath(HANDLE process);
 std::wstring ReadCommandLine(HANDLE process);
 

@@ -10,8 +10,9 @@ namespace lmvx_test {
 
 class ChildProcess {
 public:
-    // arguments: the verb and its arguments, e.g. L"sleep 60000".
-    explicit ChildProcess(const std::wstring& arguments) {
+    // arguments: the verb and its arguments, e.g. L"sleep 60000". environment: a block of "name=value"
+    // strings each ended by a null, with a final null; empty to inherit this process's environment.
+    explicit ChildProcess(const std::wstring& arguments, const std::wstring& environment = {}) {
         commandLine_ = L"\"" + HelperPath() + L"\" " + arguments;
         // The child and its own children share one job, so that ending it ends the whole tree.
         job_ = CreateJobObjectW(nullptr, nullptr);
@@ -32,8 +33,12 @@ public:
         startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
         std::wstring mutableLine = commandLine_;
         PROCESS_INFORMATION process{};
+        std::wstring environmentBlock = environment;
+        const DWORD environmentFlag = environment.empty() ? 0 : CREATE_UNICODE_ENVIRONMENT;
         const BOOL started = CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, TRUE,
-                                            CREATE_SUSPENDED | CREATE_NO_WINDOW, nullptr, nullptr, &startup, &process);
+                                            CREATE_SUSPENDED | CREATE_NO_WINDOW | environmentFlag,
+                                            environment.empty() ? nullptr : environmentBlock.data(), nullptr,
+                                            &startup, &process);
         if (inputRead) CloseHandle(inputRead);
         if (started) {
             process_ = process.hProcess;

@@ -117,6 +117,27 @@ int NoteVerb(Arguments arguments) {
     return 0;
 }
 
+// environment <file> <ms>: writes its environment block (UTF-16, with the final empty string) to the file,
+// then idles for ms.
+int EnvironmentVerb(Arguments arguments) {
+    DWORD milliseconds = 0;
+    if (arguments.size() < 2 || !ReadMilliseconds(arguments.subspan(1), milliseconds)) return ExitUsage;
+    wchar_t* block = GetEnvironmentStringsW();
+    if (!block) return ExitFailed;
+    size_t length = 0;
+    while (block[length] || block[length + 1]) ++length;
+    length += 2;
+    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    const BOOL wrote = file != INVALID_HANDLE_VALUE &&
+                       WriteFile(file, block, static_cast<DWORD>(length * sizeof(wchar_t)), &written, nullptr);
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    FreeEnvironmentStringsW(block);
+    if (!wrote) return ExitFailed;
+    Sleep(milliseconds);
+    return 0;
+}
+
 constexpr VerbEntry VerbTable[] = {
     {L"sleep", SleepVerb, L"sleep <ms>"},
     {L"burn", BurnVerb, L"burn <ms>"},
@@ -124,6 +145,7 @@ constexpr VerbEntry VerbTable[] = {
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
+    {L"environment", EnvironmentVerb, L"environment <file> <ms>"},
 };
 
 }  // namespace

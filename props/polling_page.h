@@ -1,0 +1,27 @@
+// What the Performance and Memory pages share: a poll of the program's process list every 100 ms on timer
+// 6051 that refreshes the page's fields, and a history graph of the process that shows an empty grid once
+// the process has left the list (its fields keep their last values).
+#pragma once
+#include <windows.h>
+
+#include "kestrel.h"
+
+namespace lmvx {
+
+struct PollingPage {
+    int graphId;
+    unsigned series;   // of the provider's per-process graph: 0 CPU usage, 1 memory
+    COLORREF fill;
+    COLORREF line;
+    // Writes the fields of the process at item (compare-then-set).
+    void (*update)(HWND page, const kestrel::TL_PROCESSLIST& list, int item);
+};
+
+// Starts the poll; the first update comes at once.
+void StartPolling(HWND page);
+
+// WM_TIMER of the poll, WM_DRAWITEM (the graph, else the shared button painter) and the commands that end a
+// page. Returns the dialog procedure's result; FALSE for other messages.
+INT_PTR HandlePollingPageMessage(HWND page, UINT message, WPARAM wParam, LPARAM lParam, const PollingPage& kind);
+
+}  // namespace lmvx
