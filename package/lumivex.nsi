@@ -18,6 +18,7 @@ ManifestDPIAware true
 !define LAUNCHER_VALUE "Lumivex Launcher"
 ; The caption of the program's main window: its full application name.
 !define MAIN_WINDOW_CAPTION "Orvane Lumivex 5"
+!define PROCESS_QUERY_LIMITED_INFORMATION 0x1000
 
 Name "${PRODUCT}"
 OutFile "${OUT_FILE}"
@@ -101,6 +102,7 @@ FunctionEnd
 ; A running Lumivex keeps lmvx64.exe from being replaced or deleted. It is asked to close as its own
 ; close box would ask it (so it saves its settings) and given ten seconds; when it stays, the user is
 ; told and may close it and retry. In silent mode it is asked to close, and Setup fails when it stays.
+; A Lumivex started from another folder (a portable copy) is left running.
 !macro DefineRunningProgramCheck UN
     ; $R0 = 1 while lmvx64.exe of the installation folder cannot be opened for writing: it is running.
     Function ${UN}IsLumivexRunning
@@ -117,6 +119,25 @@ FunctionEnd
         ${EndIf}
     FunctionEnd
 
+    ; Sends WM_CLOSE to every main window of the lmvx64.exe of the installation folder.
+    Function ${UN}AskLumivexToClose
+        StrCpy $R2 0
+        ${Do}
+            FindWindow $R2 "#32770" "${MAIN_WINDOW_CAPTION}" "" $R2
+            ${IfThen} $R2 == 0 ${|} ${ExitDo} ${|}
+            StrCpy $R7 ""
+            System::Call 'user32::GetWindowThreadProcessId(p R2, *i .R5)'
+            System::Call 'kernel32::OpenProcess(i ${PROCESS_QUERY_LIMITED_INFORMATION}, i 0, i R5) p .R6'
+            ${If} $R6 != 0
+                System::Call 'kernel32::QueryFullProcessImageNameW(p R6, i 0, w .R7, *i ${NSIS_MAX_STRLEN})'
+                System::Call 'kernel32::CloseHandle(p R6)'
+            ${EndIf}
+            ${If} $R7 == "$INSTDIR\lmvx64.exe"
+                SendMessage $R2 ${WM_CLOSE} 0 0 /TIMEOUT=2000
+            ${EndIf}
+        ${Loop}
+    FunctionEnd
+
     Function ${UN}CloseRunningLumivex
         retry:
         Call ${UN}IsLumivexRunning
@@ -127,10 +148,7 @@ FunctionEnd
         Abort
         close:
         ${For} $R3 1 40
-            FindWindow $R2 "#32770" "${MAIN_WINDOW_CAPTION}"
-            ${If} $R2 <> 0
-                SendMessage $R2 ${WM_CLOSE} 0 0 /TIMEOUT=2000
-            ${EndIf}
+            Call ${UN}AskLumivexToClose
             Call ${UN}IsLumivexRunning
             ${If} $R0 == 0
                 Return

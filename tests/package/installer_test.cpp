@@ -2,7 +2,6 @@
 // uninstalled and the registry values it set restored, also when an assertion fails.
 #include <windows.h>
 #include <shlobj.h>
-#include <shlwapi.h>
 
 #include <gtest/gtest.h>
 
@@ -64,7 +63,6 @@ public:
         }
     }
     SavedValue(const SavedValue&) = delete;
-    SavedValue& operator=(const SavedValue&) = delete;
 
 private:
     HKEY root_;
@@ -103,9 +101,7 @@ std::wstring FileVersion(const fs::path& file) {
     VS_FIXEDFILEINFO* info = nullptr;
     UINT size = 0;
     if (data.empty() || !GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
-        !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &size)) {
-        return L"";
-    }
+        !VerQueryValueW(data.data(), L"\\", reinterpret_cast<void**>(&info), &size)) return L"";
     return std::to_wstring(HIWORD(info->dwFileVersionMS)) + L"." + std::to_wstring(LOWORD(info->dwFileVersionMS)) +
            L"." + std::to_wstring(HIWORD(info->dwFileVersionLS));
 }
@@ -198,10 +194,8 @@ TEST_F(InstalledLumivex, SilentSetupInstallsTheProgramItsShortcutAndItsUninstall
 
 TEST_F(InstalledLumivex, UninstallRemovesWhatSetupAddedAndTheRegistrationsOfThisCopyButKeepsNotes) {
     Install();
-    wchar_t replacement[MAX_PATH];
-    lstrcpynW(replacement, (folder_ / L"lmvx64.exe").c_str(), MAX_PATH);
-    PathQuoteSpacesW(replacement);   // as the program stores itself
-    WriteString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger", replacement);
+    // Quoted, as the program stores a path with spaces.
+    WriteString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger", L"\"" + (folder_ / L"lmvx64.exe").wstring() + L"\"");
     WriteString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher", (folder_ / L"lvLaunch.exe spawn").wstring());
     WriteString(HKEY_CURRENT_USER, kNotesKey, L"installer-test.exe", L"kept");
 
@@ -223,18 +217,22 @@ TEST_F(InstalledLumivex, UninstallLeavesRegistrationsThatPointAtAnotherCopy) {
     EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher"), otherCopy + L"\\lvLaunch.exe spawn");
 }
 
-TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderAndClosesTheRunningProgramFirst) {
+TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderAndClosesOnlyTheInstalledProgramFirst) {
     const fs::path chosen = KnownFolder(FOLDERID_ProgramFiles) / L"Lumivex elsewhere";
     Install(L"/S /D=" + chosen.wstring());
     ASSERT_EQ(folder_.wstring(), chosen.wstring());
     SeedQuietStart(0x0409);
-    ProgramRunner program;
-    ASSERT_TRUE(program.Start((folder_ / L"lmvx64.exe").wstring(), L""));
-    ASSERT_NE(program.WaitForWindowWithCaption(L"Orvane Lumivex 5", kWaitMs), nullptr);
+    ProgramRunner installed, portable;
+    ASSERT_TRUE(installed.Start((folder_ / L"lmvx64.exe").wstring(), L""));
+    ASSERT_TRUE(portable.Start(TestBinFolder() + L"\\lmvx64.exe", L""));
+    for (const ProgramRunner* program : {&installed, &portable}) {
+        ASSERT_NE(program->WaitForWindowWithCaption(L"Orvane Lumivex 5", kWaitMs), nullptr);
+    }
 
     Install();
     EXPECT_EQ(folder_.wstring(), chosen.wstring());
-    EXPECT_NE(program.WaitForExit(0), STILL_ACTIVE);
+    EXPECT_NE(installed.WaitForExit(0), STILL_ACTIVE);
+    EXPECT_EQ(portable.WaitForExit(0), STILL_ACTIVE);
     EXPECT_FALSE(fs::exists(KnownFolder(FOLDERID_ProgramFiles) / L"Orvane Software" / L"Lumivex"));
 }
 

@@ -1,6 +1,7 @@
-# cmake -DPORTABLE_ZIP=... -DDEBUG_ZIP=... -P check_archives.cmake
+# cmake -DSETUP=... -DPORTABLE_ZIP=... -DDEBUG_ZIP=... -P check_packages.cmake
 # The portable zip holds exactly the five binaries and the read-me, without folders and without debug
-# files; the debug archive holds exactly the five debug files.
+# files; the debug archive holds exactly the five debug files; Setup's manifest asks for administrative
+# rights (Wine runs everything as an administrator, so only the manifest can show it).
 function(expect_members archive)
     execute_process(COMMAND ${CMAKE_COMMAND} -E tar tf ${archive}
                     OUTPUT_VARIABLE listing RESULT_VARIABLE result ERROR_VARIABLE errors)
@@ -20,3 +21,8 @@ endfunction()
 
 expect_members(${PORTABLE_ZIP} finch64.dll heron64.dll kestrel64.dll lmvx64.exe readme.txt wren64.dll)
 expect_members(${DEBUG_ZIP} finch64.dll.debug heron64.dll.debug kestrel64.dll.debug lmvx64.exe.debug wren64.dll.debug)
+
+file(STRINGS ${SETUP} administrator_request REGEX "requireAdministrator")
+if(NOT administrator_request)
+    message(FATAL_ERROR "${SETUP} does not ask for administrative rights")
+endif()
