@@ -1,7 +1,7 @@
 ; Setup's own texts in English and German; the pages' texts come with the Modern UI.
 
-LangString NeedsAdministrator ${LANG_ENGLISH} "Lumivex is installed for every user of this computer, which needs administrative rights.$\r$\nStart Setup again as an administrator."
-LangString NeedsAdministrator ${LANG_GERMAN} "Lumivex wird für alle Benutzer dieses Computers installiert; dafür sind Administratorrechte nötig.$\r$\nStarten Sie das Setup erneut als Administrator."
+LangString NeedsAdministrator ${LANG_ENGLISH} "Lumivex is installed for every user of this computer: changing it needs administrative rights.$\r$\nStart this program again as an administrator."
+LangString NeedsAdministrator ${LANG_GERMAN} "Lumivex ist für alle Benutzer dieses Computers installiert: Änderungen daran erfordern Administratorrechte.$\r$\nStarten Sie dieses Programm erneut als Administrator."
 
 LangString LumivexRunning ${LANG_ENGLISH} "Lumivex is running from $INSTDIR and must be closed first.$\r$\n$\r$\nClick OK to close Lumivex, or Cancel to stop."
 LangString LumivexRunning ${LANG_GERMAN} "Lumivex läuft aus $INSTDIR und muss zuerst beendet werden.$\r$\n$\r$\nKlicken Sie auf OK, um Lumivex zu beenden, oder auf Abbrechen, um aufzuhören."
