@@ -82,8 +82,7 @@ bool WaitUntil(const std::function<bool()>& condition) {
 
 fs::path KnownFolder(REFKNOWNFOLDERID id) {
     wchar_t* path = nullptr;
-    fs::path folder;
-    if (SUCCEEDED(SHGetKnownFolderPath(id, 0, nullptr, &path))) folder = path;
+    const fs::path folder = SUCCEEDED(SHGetKnownFolderPath(id, 0, nullptr, &path)) ? fs::path(path) : fs::path();
     CoTaskMemFree(path);
     return folder;
 }
@@ -222,9 +221,8 @@ TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderAndClosesOnlyTheInstal
     ProgramRunner installed, portable;
     ASSERT_TRUE(installed.Start((folder_ / L"lmvx64.exe").wstring(), L""));
     ASSERT_TRUE(portable.Start(TestBinFolder() + L"\\lmvx64.exe", L""));
-    for (const ProgramRunner* program : {&installed, &portable}) {
-        ASSERT_NE(program->WaitForWindowWithCaption(L"Orvane Lumivex 5", kWaitMs), nullptr);
-    }
+    ASSERT_NE(installed.WaitForWindowWithCaption(L"Orvane Lumivex 5", kWaitMs), nullptr);
+    ASSERT_NE(portable.WaitForWindowWithCaption(L"Orvane Lumivex 5", kWaitMs), nullptr);
 
     Install();
     EXPECT_EQ(folder_.wstring(), chosen.wstring());
