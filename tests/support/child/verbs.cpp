@@ -1,5 +1,6 @@
 #include "verbs.h"
 
+#include <winsock2.h>
 #include <windows.h>
 
 #include <cwchar>
@@ -117,6 +118,62 @@ int NoteVerb(Arguments arguments) {
     return 0;
 }
 
+// One call that the process answers itself, so that Wine reports this process as the socket's owner.
+bool ClaimSocket(SOCKET socket) {
+    int keepAlive = 0;
+    int length = sizeof keepAlive;
+    return getsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&keepAlive), &length) == 0;
+}
+
+SOCKET OpenOnLoopback(int type, unsigned short port, bool doConnect) {
+    SOCKET socket = ::socket(AF_INET, type, type == SOCK_STREAM ? IPPROTO_TCP : IPPROTO_UDP);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    const auto* name = reinterpret_cast<const sockaddr*>(&address);
+    const int result = doConnect ? connect(socket, name, sizeof address) : bind(socket, name, sizeof address);
+    if (socket == INVALID_SOCKET || result != 0) return INVALID_SOCKET;
+    return socket;
+}
+
+unsigned short LocalPort(SOCKET socket) {
+    sockaddr_in address{};
+    int length = sizeof address;
+    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &length);
+    return ntohs(address.sin_port);
+}
+
+// sockets <file> <event>: a TCP listener, a connection to it and a UDP socket, all on 127.0.0.1; writes
+// "<listener port> <client port> <udp port>" (UTF-16) to the file, closes the UDP socket once the named
+// event is set, then idles until ended.
+int SocketsVerb(Arguments arguments) {
+    if (arguments.size() < 2) return ExitUsage;
+    WSADATA data{};
+    if (WSAStartup(MAKEWORD(2, 2), &data) != 0) return ExitFailed;
+    const SOCKET listener = OpenOnLoopback(SOCK_STREAM, 0, false);
+    if (listener == INVALID_SOCKET || listen(listener, 1) != 0) return ExitFailed;
+    const SOCKET client = OpenOnLoopback(SOCK_STREAM, LocalPort(listener), true);
+    const SOCKET accepted = accept(listener, nullptr, nullptr);
+    const SOCKET udp = OpenOnLoopback(SOCK_DGRAM, 0, false);
+    if (client == INVALID_SOCKET || accepted == INVALID_SOCKET || udp == INVALID_SOCKET) return ExitFailed;
+    ClaimSocket(listener);
+    ClaimSocket(client);
+    ClaimSocket(udp);
+    const std::wstring ports = std::to_wstring(LocalPort(listener)) + L" " + std::to_wstring(LocalPort(client)) + L" " +
+                               std::to_wstring(LocalPort(udp));
+    HANDLE event = CreateEventW(nullptr, TRUE, FALSE, arguments[1]);
+    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (!event || file == INVALID_HANDLE_VALUE) return ExitFailed;
+    DWORD written = 0;
+    WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr);
+    CloseHandle(file);
+    WaitForSingleObject(event, INFINITE);
+    closesocket(udp);
+    Sleep(INFINITE);
+    return 0;
+}
+
 constexpr VerbEntry VerbTable[] = {
     {L"sleep", SleepVerb, L"sleep <ms>"},
     {L"burn", BurnVerb, L"burn <ms>"},
@@ -124,6 +181,7 @@ constexpr VerbEntry VerbTable[] = {
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
+    {L"sockets", SocketsVerb, L"sockets <file> <event>"},
 };
 
 }  // namespace
