@@ -6,6 +6,7 @@
 
 #include "app/option_keys.h"
 #include "options/options_dialog.h"
+#include "resource.h"
 #include "wren.h"
 
 namespace lmvx {
@@ -30,6 +31,27 @@ inline bool ReadOption(const BoolOption& option) {
 }
 inline void StoreCheck(HWND page, int id, const BoolOption& option) {
     wren::regOptions.SetOptionBOOL(option.name, IsChecked(page, id) ? 1 : 0);
+}
+
+// The procedure every page shares: it keeps the hooks and makes the heading bold, then calls the page's own
+// handlers for init and commands; IDCANCEL ends the page (the frame never sends it).
+template <void (*OnInitDialog)(HWND), void (*OnCommand)(HWND, WORD)>
+INT_PTR Procedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        KeepHooks(page, lParam);
+        wren::Embold(page, IDC_OPTIONS_HEADING);
+        OnInitDialog(page);
+        return TRUE;
+    case WM_COMMAND:
+        if (LOWORD(wParam) == IDCANCEL) {
+            EndDialog(page, 1);
+        } else {
+            OnCommand(page, LOWORD(wParam));
+        }
+        return TRUE;
+    }
+    return FALSE;
 }
 
 }  // namespace options_page

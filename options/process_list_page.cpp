@@ -7,37 +7,26 @@ namespace {
 
 using namespace options_page;
 
-INT_PTR OnInitDialog(HWND page, LPARAM lParam) {
-    KeepHooks(page, lParam);
-    wren::Embold(page, IDC_OPTIONS_HEADING);
+void OnInitDialog(HWND page) {
     SetChecked(page, IDC_OPTIONS_BLANK_ZERO, ReadOption(options::BlankZero));
-    return TRUE;
 }
 
-INT_PTR OnCommand(HWND page, WORD command) {
+void OnCommand(HWND page, WORD command) {
     switch (command) {
     case IDOK:
         StoreCheck(page, IDC_OPTIONS_BLANK_ZERO, options::BlankZero);
-        return TRUE;
-    case IDCANCEL:
-        EndDialog(page, 1);
-        return TRUE;
+        break;
     case IDC_OPTIONS_RESTORE_COLUMNS:
         // Acts at once, OK or not.
         if (const OptionsDialogHooks* hooks = Hooks(page); hooks && hooks->restoreColumns) hooks->restoreColumns();
-        return TRUE;
+        break;
     }
-    return FALSE;
 }
 
 }  // namespace
 
 INT_PTR CALLBACK ProcessListPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG: return OnInitDialog(page, lParam);
-    case WM_COMMAND: return OnCommand(page, LOWORD(wParam));
-    }
-    return FALSE;
+    return Procedure<OnInitDialog, OnCommand>(page, message, wParam, lParam);
 }
 
 }  // namespace lmvx

@@ -10,14 +10,11 @@ namespace {
 
 using namespace options_page;
 
-INT_PTR OnInitDialog(HWND page, LPARAM lParam) {
-    KeepHooks(page, lParam);
-    wren::Embold(page, IDC_OPTIONS_HEADING);
+void OnInitDialog(HWND page) {
     SetChecked(page, IDC_OPTIONS_REPLACE_TASKMGR, IsTaskManagerReplaced() != 0);
     // Without administrative rights the key cannot be written: the box shows the state but cannot change it.
     EnableWindow(GetDlgItem(page, IDC_OPTIONS_REPLACE_TASKMGR), CanWriteReplacementKey());
     SetChecked(page, IDC_OPTIONS_LAUNCH_ON_CAF, ReadOption(options::LaunchOnCAF));
-    return TRUE;
 }
 
 void ApplyReplacement(HWND page) {
@@ -37,27 +34,19 @@ void ApplyLauncher(HWND page) {
     SetLogonLauncher(wanted ? 1 : 0);
 }
 
-INT_PTR OnCommand(HWND page, WORD command) {
+void OnCommand(HWND page, WORD command) {
     switch (command) {
     case IDOK:
         ApplyReplacement(page);
         ApplyLauncher(page);
-        return TRUE;
-    case IDCANCEL:
-        EndDialog(page, 1);
-        return TRUE;
+        break;
     }
-    return FALSE;
 }
 
 }  // namespace
 
 INT_PTR CALLBACK TaskManagerPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG: return OnInitDialog(page, lParam);
-    case WM_COMMAND: return OnCommand(page, LOWORD(wParam));
-    }
-    return FALSE;
+    return Procedure<OnInitDialog, OnCommand>(page, message, wParam, lParam);
 }
 
 }  // namespace lmvx

@@ -21,9 +21,7 @@ void ApplyEnablingRule(HWND page) {
     }
 }
 
-INT_PTR OnInitDialog(HWND page, LPARAM lParam) {
-    KeepHooks(page, lParam);
-    wren::Embold(page, IDC_OPTIONS_HEADING);
+void OnInitDialog(HWND page) {
     wren::Embold(page, IDC_OPTIONS_PERF_GROUP);
     SetChecked(page, IDC_OPTIONS_SHOW_TRAY_ICON, ReadOption(options::ShowTrayIcon));
     SetChecked(page, IDC_OPTIONS_HIDE_MINIMIZED, ReadOption(options::HideWhenMinimized));
@@ -33,7 +31,6 @@ INT_PTR OnInitDialog(HWND page, LPARAM lParam) {
     SetChecked(page, IDC_OPTIONS_PERF_SYS_CPU, ReadOption(options::ShowTrayPerfSysCPU));
     SetChecked(page, IDC_OPTIONS_PERF_PHYS_MEM, ReadOption(options::ShowTrayPerfPhysMem));
     ApplyEnablingRule(page);
-    return TRUE;
 }
 
 // OK stores every box as it stands, so "ShowTrayPerfWnd" and the pop-up parts are stored off: intended.
@@ -48,28 +45,22 @@ void OnOk(HWND page) {
     if (hooks && hooks->showTrayIcon) hooks->showTrayIcon(ReadOption(options::ShowTrayIcon));
 }
 
-INT_PTR OnCommand(HWND page, WORD command) {
+void OnCommand(HWND page, WORD command) {
     switch (command) {
-    case IDOK: OnOk(page); return TRUE;
-    case IDCANCEL: EndDialog(page, 1); return TRUE;
+    case IDOK: OnOk(page); break;
     case IDC_OPTIONS_SHOW_PERF_GRAPH:
     case IDC_OPTIONS_SHOW_TRAY_ICON:
     case IDC_OPTIONS_PERF_PHYS_MEM:
     case IDC_OPTIONS_PERF_CPU:
         ApplyEnablingRule(page);
-        return TRUE;
+        break;
     }
-    return FALSE;
 }
 
 }  // namespace
 
 INT_PTR CALLBACK TrayIconPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG: return OnInitDialog(page, lParam);
-    case WM_COMMAND: return OnCommand(page, LOWORD(wParam));
-    }
-    return FALSE;
+    return Procedure<OnInitDialog, OnCommand>(page, message, wParam, lParam);
 }
 
 }  // namespace lmvx
