@@ -33,6 +33,7 @@ void OpenNetworkEndpoints(unsigned pid, HWND owner) {
     net::EndpointsDialogRecord record;
     record.currentInterval = MainWindowRefreshPeriod;
     record.rowIcon = SharedIconById(IDI_PORT).small;
+    record.drawOwnerButton = DrawOwnerButton;
     net::ShowEndpointsDialog(record, pid, owner);
 }
 

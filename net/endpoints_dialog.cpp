@@ -155,6 +155,7 @@ void PrepareEndpointsRecord(EndpointsDialogRecord& record) {
     record.processId = 0;
     record.currentInterval = nullptr;
     record.rowIcon = nullptr;
+    record.drawOwnerButton = nullptr;
     record.endpoints.Init();
 }
 
@@ -205,6 +206,11 @@ INT_PTR CALLBACK EndpointsDialogProc(HWND dialog, UINT message, WPARAM wParam, L
     case WM_COMMAND:
         if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) EndDialog(dialog, LOWORD(wParam));
         return TRUE;
+    case WM_DRAWITEM:
+        if (EndpointsDialogRecord* record = RecordOf(dialog); record && record->drawOwnerButton) {
+            return record->drawOwnerButton(dialog, reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        }
+        return FALSE;
     case WM_DESTROY:
         KillTimer(dialog, kRefreshTimer);
         if (EndpointsDialogRecord* record = RecordOf(dialog)) record->dialog = nullptr;

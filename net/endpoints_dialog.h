@@ -26,6 +26,8 @@ struct EndpointsDialogRecord {
     // stored interval is used.
     unsigned (*currentInterval)() = nullptr;
     HICON rowIcon = nullptr;   // the picture of every row; the opener keeps it alive
+    // The program's painter of owner-drawn controls (WM_DRAWITEM); none: the dialog leaves them unpainted.
+    int (*drawOwnerButton)(HWND window, const DRAWITEMSTRUCT* item) = nullptr;
 
     EndpointsDialogRecord();
 };

@@ -20,39 +20,39 @@ namespace {
 
 using pane_test::PumpUntil;
 
+// Its local texts ("127.0.0.1:port") once it has written its ports.
 class SocketChild {
 public:
-    SocketChild() {
-        const std::wstring tag = std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++serial_);
-        eventName_ = L"lmvx_net_test_" + tag;
-        file_ = pane_test::TestTempFolder() + L"lmvx_net_ports_" + tag + L".txt";
-        DeleteFileW(file_.c_str());
-        event_ = CreateEventW(nullptr, TRUE, FALSE, eventName_.c_str());
-        child_ = std::make_unique<lmvx_test::ChildProcess>(L"sockets \"" + file_ + L"\" " + eventName_);
-    }
+    SocketChild() : name_(L"lmvx_net_test_" + std::to_wstring(GetCurrentProcessId()) + L"_" + std::to_wstring(++serial_)),
+                    file_(pane_test::TestTempFolder() + name_ + L".txt"),
+                    event_(CreateEventW(nullptr, TRUE, FALSE, name_.c_str())),
+                    child_(L"sockets \"" + file_ + L"\" " + name_) {}
     ~SocketChild() {
-        child_.reset();
+        child_.End();
         CloseHandle(event_);
         DeleteFileW(file_.c_str());
     }
-    // The child's ports, once it has written them.
     bool ReadPorts() {
         std::wstring text;
         if (!PumpUntil([&] { return !(text = pane_test::ReadWholeFile(file_)).empty(); }, 20000)) return false;
-        std::wistringstream(text) >> listener >> client >> udp;
-        return udp != 0;
+        unsigned listenerPort = 0, clientPort = 0, udpPort = 0;
+        std::wistringstream(text) >> listenerPort >> clientPort >> udpPort;
+        const auto local = [](unsigned port) { return L"127.0.0.1:" + std::to_wstring(port); };
+        listener = local(listenerPort);
+        client = local(clientPort);
+        udp = local(udpPort);
+        return udpPort != 0;
     }
     void CloseUdp() const { SetEvent(event_); }
-    DWORD Pid() const { return child_->Pid(); }
-    static std::wstring Local(unsigned port) { return L"127.0.0.1:" + std::to_wstring(port); }
+    DWORD Pid() const { return child_.Pid(); }
 
-    unsigned listener = 0, client = 0, udp = 0;
+    std::wstring listener, client, udp;
 
 private:
     static inline int serial_ = 0;
-    std::wstring eventName_, file_;
-    HANDLE event_ = nullptr;
-    std::unique_ptr<lmvx_test::ChildProcess> child_;
+    std::wstring name_, file_;
+    HANDLE event_;
+    lmvx_test::ChildProcess child_;
 };
 
 std::wstring Cell(HWND list, int row, int column) {
@@ -79,15 +79,13 @@ void ExpectRow(HWND list, const std::wstring& local, const wchar_t* type, const 
 
 // The child's three sockets, as both views show them with numeric addresses.
 void ExpectChildRows(HWND list, const SocketChild& child) {
-    const std::wstring listener = SocketChild::Local(child.listener);
-    ExpectRow(list, listener, L"TCP", L"0.0.0.0:0", L"LISTEN");
-    ExpectRow(list, SocketChild::Local(child.client), L"TCP", listener, L"ESTABLISHED");
-    ExpectRow(list, SocketChild::Local(child.udp), L"UDP", L"", L"");
+    ExpectRow(list, child.listener, L"TCP", L"0.0.0.0:0", L"LISTEN");
+    ExpectRow(list, child.client, L"TCP", child.listener, L"ESTABLISHED");
+    ExpectRow(list, child.udp, L"UDP", L"", L"");
 }
 
 bool HasAllRows(HWND list, const SocketChild& child) {
-    return RowOf(list, SocketChild::Local(child.listener)) >= 0 && RowOf(list, SocketChild::Local(child.client)) >= 0 &&
-           RowOf(list, SocketChild::Local(child.udp)) >= 0;
+    return RowOf(list, child.listener) >= 0 && RowOf(list, child.client) >= 0 && RowOf(list, child.udp) >= 0;
 }
 
 void Select(HWND list, int row) {
@@ -133,22 +131,18 @@ TEST(EndpointsDialog, ListsTheSocketsWithTheirDetailsAndDropsOneThatCloses) {
         ASSERT_TRUE(PumpUntil([&] { return HasAllRows(list, child); }, 20000));
         ExpectChildRows(list, child);
 
-        Select(list, RowOf(list, SocketChild::Local(child.udp)));
+        Select(list, RowOf(list, child.udp));
         EXPECT_EQ(Text(dialog, IDC_ENDPOINT_HEADING), UIL_LangModule.GetLangString(IDS_UDP_ENDPOINT));
-        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_LOCAL_ADDRESS), L"127.0.0.1");
-        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_LOCAL_PORT), std::to_wstring(child.udp));
-        EXPECT_FALSE(Shown(dialog, IDC_ENDPOINT_REMOTE_ADDRESS));
-        EXPECT_FALSE(Shown(dialog, IDC_ENDPOINT_REMOTE_PORT_LABEL));
+        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_LOCAL_ADDRESS) + L":" + Text(dialog, IDC_ENDPOINT_LOCAL_PORT), child.udp);
+        EXPECT_FALSE(Shown(dialog, IDC_ENDPOINT_REMOTE_ADDRESS) || Shown(dialog, IDC_ENDPOINT_REMOTE_PORT_LABEL));
 
-        Select(list, RowOf(list, SocketChild::Local(child.client)));
+        Select(list, RowOf(list, child.client));
         EXPECT_EQ(Text(dialog, IDC_ENDPOINT_HEADING), UIL_LangModule.GetLangString(IDS_TCP_ENDPOINT));
         EXPECT_TRUE(Shown(dialog, IDC_ENDPOINT_REMOTE_ADDRESS));
-        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_REMOTE_ADDRESS), L"127.0.0.1");
-        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_REMOTE_PORT), std::to_wstring(child.listener));
+        EXPECT_EQ(Text(dialog, IDC_ENDPOINT_REMOTE_ADDRESS) + L":" + Text(dialog, IDC_ENDPOINT_REMOTE_PORT), child.listener);
 
         child.CloseUdp();
-        EXPECT_TRUE(PumpUntil([&] { return RowOf(list, SocketChild::Local(child.udp)) < 0; }, 20000));
-        EXPECT_GE(RowOf(list, SocketChild::Local(child.listener)), 0);
+        EXPECT_TRUE(PumpUntil([&] { return RowOf(list, child.udp) < 0; }, 20000));
     });
 }
 
@@ -169,12 +163,9 @@ TEST(EndpointsDialog, AProcessWithoutEndpointsShowsTheNoticeAndNoFields) {
 std::wstring ClipboardText() {
     std::wstring text;
     if (!OpenClipboard(nullptr)) return text;
-    if (HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
-        if (const auto* chars = static_cast<const wchar_t*>(GlobalLock(data))) {
-            text = chars;
-            GlobalUnlock(data);
-        }
-    }
+    HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    if (const auto* chars = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr) text = chars;
+    if (data) GlobalUnlock(data);
     CloseClipboard();
     return text;
 }
@@ -193,25 +184,25 @@ TEST(NetworkPage, RefreshesOnlyWhileShownAndCopiesThroughTheClipboard) {
                                                reinterpret_cast<LPARAM>(&context));
     ASSERT_NE(page, nullptr);
     HWND list = GetDlgItem(page, IDC_ENDPOINT_LIST);
-    {
+    {   // hidden: the timer ticks, nothing is refreshed
         MessageCounter ticks(page, WM_TIMER);
         MessageCounter refreshes(page, lmvx::net::kNetworkPageRefresh);
         ASSERT_TRUE(PumpUntil([&] { return ticks.Seen() >= 2; }, 20000));
-        EXPECT_EQ(refreshes.Seen(), 0) << "a hidden page does not refresh";
+        EXPECT_EQ(refreshes.Seen(), 0);
         EXPECT_EQ(ListView_GetItemCount(list), 0);
     }
     ShowWindow(page, SW_SHOW);
     ASSERT_TRUE(PumpUntil([&] { return HasAllRows(list, child); }, 20000));
     ExpectChildRows(list, child);
 
-    ListView_SetItemState(list, RowOf(list, SocketChild::Local(child.client)), LVIS_SELECTED, LVIS_SELECTED);
+    ListView_SetItemState(list, RowOf(list, child.client), LVIS_SELECTED, LVIS_SELECTED);
     SendMessageW(page, WM_COMMAND, IDM_COPY_REMOTE_HOSTNAME, 0);
-    EXPECT_EQ(ClipboardText(), SocketChild::Local(child.listener));
+    EXPECT_EQ(ClipboardText(), child.listener);
     SendMessageW(page, WM_COMMAND, IDM_COPY_LOCAL_HOSTNAME, 0);
-    EXPECT_EQ(ClipboardText(), SocketChild::Local(child.client));
+    EXPECT_EQ(ClipboardText(), child.client);
 
     child.CloseUdp();
-    EXPECT_TRUE(PumpUntil([&] { return RowOf(list, SocketChild::Local(child.udp)) < 0; }, 20000));
+    EXPECT_TRUE(PumpUntil([&] { return RowOf(list, child.udp) < 0; }, 20000));
     SendMessageW(page, WM_COMMAND, IDM_RESOLVE_HOSTNAMES, 0);
     EXPECT_EQ(wren::regOptions.GetOptionBOOL(resolve.name, resolve.defaultValue), 1);
     DestroyWindow(page);

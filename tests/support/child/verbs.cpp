@@ -118,55 +118,51 @@ int NoteVerb(Arguments arguments) {
     return 0;
 }
 
-// One call that the process answers itself, so that Wine reports this process as the socket's owner.
-bool ClaimSocket(SOCKET socket) {
-    int keepAlive = 0;
-    int length = sizeof keepAlive;
-    return getsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&keepAlive), &length) == 0;
-}
-
-SOCKET OpenOnLoopback(int type, unsigned short port, bool doConnect) {
-    SOCKET socket = ::socket(AF_INET, type, type == SOCK_STREAM ? IPPROTO_TCP : IPPROTO_UDP);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
+// A socket on 127.0.0.1 (port 0: any): connected, or bound (and listening for TCP). After one call that the
+// process answers itself, Wine reports this process as its owner.
+SOCKET OnLoopback(int type, unsigned short port, bool doConnect) {
+    SOCKET socket = ::socket(AF_INET, type, 0);
+    sockaddr_in address{AF_INET, htons(port), {}, {}};
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(port);
     const auto* name = reinterpret_cast<const sockaddr*>(&address);
-    const int result = doConnect ? connect(socket, name, sizeof address) : bind(socket, name, sizeof address);
-    if (socket == INVALID_SOCKET || result != 0) return INVALID_SOCKET;
+    if (socket == INVALID_SOCKET || (doConnect ? connect(socket, name, sizeof address) : bind(socket, name, sizeof address))) {
+        return INVALID_SOCKET;
+    }
+    if (!doConnect && type == SOCK_STREAM && listen(socket, 1) != 0) return INVALID_SOCKET;
+    int value = 0, length = sizeof value;
+    getsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&value), &length);
     return socket;
 }
 
-unsigned short LocalPort(SOCKET socket) {
+std::wstring PortOf(SOCKET socket) {
     sockaddr_in address{};
     int length = sizeof address;
     getsockname(socket, reinterpret_cast<sockaddr*>(&address), &length);
-    return ntohs(address.sin_port);
+    return std::to_wstring(ntohs(address.sin_port));
 }
 
 // sockets <file> <event>: a TCP listener, a connection to it and a UDP socket, all on 127.0.0.1; writes
 // "<listener port> <client port> <udp port>" (UTF-16) to the file, closes the UDP socket once the named
 // event is set, then idles until ended.
 int SocketsVerb(Arguments arguments) {
-    if (arguments.size() < 2) return ExitUsage;
     WSADATA data{};
+    if (arguments.size() < 2) return ExitUsage;
     if (WSAStartup(MAKEWORD(2, 2), &data) != 0) return ExitFailed;
-    const SOCKET listener = OpenOnLoopback(SOCK_STREAM, 0, false);
-    if (listener == INVALID_SOCKET || listen(listener, 1) != 0) return ExitFailed;
-    const SOCKET client = OpenOnLoopback(SOCK_STREAM, LocalPort(listener), true);
-    const SOCKET accepted = accept(listener, nullptr, nullptr);
-    const SOCKET udp = OpenOnLoopback(SOCK_DGRAM, 0, false);
-    if (client == INVALID_SOCKET || accepted == INVALID_SOCKET || udp == INVALID_SOCKET) return ExitFailed;
-    ClaimSocket(listener);
-    ClaimSocket(client);
-    ClaimSocket(udp);
-    const std::wstring ports = std::to_wstring(LocalPort(listener)) + L" " + std::to_wstring(LocalPort(client)) + L" " +
-                               std::to_wstring(LocalPort(udp));
+    const SOCKET listener = OnLoopback(SOCK_STREAM, 0, false);
+    if (listener == INVALID_SOCKET) return ExitFailed;
+    const SOCKET client = OnLoopback(SOCK_STREAM, static_cast<unsigned short>(std::stoi(PortOf(listener))), true);
+    const SOCKET udp = OnLoopback(SOCK_DGRAM, 0, false);
+    if (client == INVALID_SOCKET || accept(listener, nullptr, nullptr) == INVALID_SOCKET || udp == INVALID_SOCKET) {
+        return ExitFailed;
+    }
+    const std::wstring ports = PortOf(listener) + L" " + PortOf(client) + L" " + PortOf(udp);
     HANDLE event = CreateEventW(nullptr, TRUE, FALSE, arguments[1]);
     HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (!event || file == INVALID_HANDLE_VALUE) return ExitFailed;
     DWORD written = 0;
-    WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr);
+    if (!event || file == INVALID_HANDLE_VALUE ||
+        !WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr)) {
+        return ExitFailed;
+    }
     CloseHandle(file);
     WaitForSingleObject(event, INFINITE);
     closesocket(udp);
