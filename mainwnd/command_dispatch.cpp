@@ -7,6 +7,7 @@
 #include "mainwnd/command_dispatch_table.h"
 #include "mainwnd/main_window_state.h"
 #include "mainwnd/process_actions.h"
+#include "options/options_dialog.h"
 #include "finch.h"
 #include "resource.h"
 #include "run/run_dialog.h"
@@ -57,6 +58,13 @@ void ToggleRequestElevation(const MainWindowState& state) {
     UpdateMainMenuChecks(state);
 }
 
+void OpenOptions(MainWindowState& state) {
+    OptionsDialogHooks hooks;
+    hooks.showTrayIcon = [&state](bool) { state.perfDisplays.tray.ApplyShowOption(); };
+    hooks.restoreColumns = [&state] { state.processList.ResetColumnOrder(); };
+    ShowOptionsDialog(state.window, hooks);
+}
+
 void RunCommandAction(MainWindowState& state, CommandAction action, unsigned commandId) {
     HWND window = state.window;
     switch (action) {
@@ -78,7 +86,7 @@ void RunCommandAction(MainWindowState& state, CommandAction action, unsigned com
     case CommandAction::ResumeAllProcesses: actions::ResumeAll(window); break;
     case CommandAction::StartSiblingTool: StartSiblingTool(window, commandId); break;
     case CommandAction::LanguageSettings: wren::LanguageSettingsDialog(window); break;
-    case CommandAction::OpenOptions: break;
+    case CommandAction::OpenOptions: OpenOptions(state); break;
     case CommandAction::ShowDialog277: ShowLimitedAccessDialog(window); break;
     case CommandAction::ToggleRequestElevation: ToggleRequestElevation(state); break;
     case CommandAction::TogglePerformanceGraph: ToggleOption(options::ShowTrayPerfWnd); break;

@@ -1,6 +1,8 @@
 #include "mainwnd/details_pane_actions.h"
 
 #include "app/lmvx.h"
+#include "app/shared_icons.h"
+#include "mainwnd/main_window.h"
 #include "mainwnd/owner_button.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
@@ -9,6 +11,8 @@
 #include "mainwnd/process_windows.h"
 #include "mainwnd/properties_windows.h"
 #include "mainwnd/shell_open.h"
+#include "net/endpoints_dialog.h"
+#include "resource.h"
 
 namespace lmvx {
 namespace {
@@ -25,6 +29,15 @@ void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
 int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
 int IsSuspended(unsigned pid) { return kestrel::PRM_IsProcessSuspended(pid); }
 
+// A record per dialog: the pane keeps dispatching while one is open, so a second one may open beside it.
+void OpenNetworkEndpoints(unsigned pid, HWND owner) {
+    net::EndpointsDialogRecord record;
+    record.currentInterval = MainWindowRefreshPeriod;
+    record.rowIcon = SharedIconById(IDI_PORT).small;
+    record.drawOwnerButton = DrawOwnerButton;
+    net::ShowEndpointsDialog(record, pid, owner);
+}
+
 }  // namespace
 
 PaneActions ProgramPaneActions() {
@@ -38,6 +51,7 @@ PaneActions ProgramPaneActions() {
     actions.openInShell = OpenInShell;
     actions.showPriorityMenu = ShowPriorityMenu;
     actions.showWindowsMenu = ShowWindowsMenu;
+    actions.openNetworkEndpoints = OpenNetworkEndpoints;
     actions.priorityName = PriorityClassName;
     actions.drawOwnerButton = DrawOwnerButton;
     actions.historyGraph = kestrel::GetProcessHistoryGraph;

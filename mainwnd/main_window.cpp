@@ -158,6 +158,11 @@ void OnNcDestroy(HWND window) {
 
 }  // namespace
 
+unsigned MainWindowRefreshPeriod() {
+    if (const MainWindowState* state = StateOf(g_mainWindowStart.mainWindow)) return state->refreshCycle.GetPeriod();
+    return wren::regOptions.GetOptionDWORD(options::UpdateInterval.name, options::UpdateInterval.defaultValue);
+}
+
 INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (MainWindowState* state = StateOf(window);
         state && perf::OnPerfDisplayMessage(state->perfDisplays, window, message, wParam, lParam)) {

@@ -6,4 +6,7 @@ namespace lmvx {
 
 INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+// The refresh period the main window runs at now, in ms; the stored interval while there is no main window.
+unsigned MainWindowRefreshPeriod();
+
 }  // namespace lmvx

@@ -6,6 +6,7 @@
 #include "mainwnd/shell_open.h"
 #include "props/page_services.h"
 #include "props/process_info_pages.h"
+#include "net/network_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -23,7 +24,7 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, nullptr, &Ctx::modulesPage},
     {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
     {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
-    {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, nullptr, &Ctx::networkPage},
+    {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, net::NetworkPageProc, &Ctx::networkPage},
     {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, nullptr, &Ctx::threadsPage},
     {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, TokenPageProc, &Ctx::tokenPage},

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "common/record_tag.h"
 #include "perf/cpu_level.h"
 
 namespace lmvx::perf {
@@ -17,8 +18,6 @@ class TrayIcon;
 inline constexpr UINT kStatusBarMouseMessage = WM_USER + 40;
 inline constexpr UINT_PTR kNoticeTimer = 4003;   // the main window's timer that hides the notice
 
-// Object tag of window-bound records: every use checks it and treats a mismatch as no object.
-inline constexpr DWORD kRecordSignature = 0x4C4D5658;   // "LMVX"
 inline constexpr DWORD kStatusBarTag = 0x53424152;      // "SBAR"
 
 struct StatusBarRecord {

@@ -157,6 +157,13 @@ void ProcessListView::RestoreColumnOrder() {
     ListView_SetColumnOrderArray(listView_, kColumnCount, order);
 }
 
+void ProcessListView::ResetColumnOrder() {
+    int order[kColumnCount] = {};
+    for (int index = 0; index < kColumnCount; ++index) order[index] = index;
+    ListView_SetColumnOrderArray(listView_, kColumnCount, order);
+    InvalidateRect(listView_, nullptr, TRUE);
+}
+
 void ProcessListView::SaveColumnOrder() const {
     int order[kColumnCount] = {};
     ListView_GetColumnOrderArray(listView_, kColumnCount, order);

@@ -54,6 +54,7 @@ public:
 
     void SaveSortState() const;    // TaskListSortMode, TaskListSortReverse
     void SaveColumnOrder() const;  // TaskListColumns, from the list view's current display order
+    void ResetColumnOrder();       // the columns back in their table order, at once
 
     SortState GetSortState() const;
     void SetSortState(SortState state);

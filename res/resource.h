@@ -7,6 +7,8 @@
 #include "dialog_ids.h"
 #include "props_ids.h"
 #include "pages_ids.h"
+#include "options_ids.h"
+#include "net_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"

@@ -1,5 +1,6 @@
 #include "verbs.h"
 
+#include <winsock2.h>
 #include <windows.h>
 
 #include <cwchar>
@@ -135,6 +136,53 @@ int EnvironmentVerb(Arguments arguments) {
     FreeEnvironmentStringsW(block);
     if (!wrote) return ExitFailed;
     Sleep(milliseconds);
+// A socket on 127.0.0.1 (port 0: any): connected, or bound (and listening for TCP). After one call that the
+// process answers itself, Wine reports this process as its owner.
+SOCKET OnLoopback(int type, unsigned short port, bool doConnect) {
+    SOCKET socket = ::socket(AF_INET, type, 0);
+    sockaddr_in address{AF_INET, htons(port), {}, {}};
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const auto* name = reinterpret_cast<const sockaddr*>(&address);
+    if (socket == INVALID_SOCKET || (doConnect ? connect(socket, name, sizeof address) : bind(socket, name, sizeof address))) {
+        return INVALID_SOCKET;
+    }
+    if (!doConnect && type == SOCK_STREAM && listen(socket, 1) != 0) return INVALID_SOCKET;
+    int value = 0, length = sizeof value;
+    getsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&value), &length);
+    return socket;
+}
+
+std::wstring PortOf(SOCKET socket) {
+    sockaddr_in address{};
+    int length = sizeof address;
+    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &length);
+    return std::to_wstring(ntohs(address.sin_port));
+}
+
+// sockets <file> <event>: a TCP listener, a connection to it and a UDP socket, all on 127.0.0.1; writes
+// "<listener port> <client port> <udp port>" (UTF-16) to the file, closes the UDP socket once the named
+// event is set, then idles until ended.
+int SocketsVerb(Arguments arguments) {
+    WSADATA data{};
+    if (arguments.size() < 2) return ExitUsage;
+    if (WSAStartup(MAKEWORD(2, 2), &data) != 0) return ExitFailed;
+    const SOCKET listener = OnLoopback(SOCK_STREAM, 0, false);
+    if (listener == INVALID_SOCKET) return ExitFailed;
+    const SOCKET client = OnLoopback(SOCK_STREAM, static_cast<unsigned short>(std::stoi(PortOf(listener))), true);
+    const SOCKET udp = OnLoopback(SOCK_DGRAM, 0, false);
+    if (client == INVALID_SOCKET || accept(listener, nullptr, nullptr) == INVALID_SOCKET || udp == INVALID_SOCKET) {
+        return ExitFailed;
+    }
+    const std::wstring ports = PortOf(listener) + L" " + PortOf(client) + L" " + PortOf(udp);
+    HANDLE event = CreateEventW(nullptr, TRUE, FALSE, arguments[1]);
+    if (!event || file == INVALID_HANDLE_VALUE ||
+        !WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr)) {
+        return ExitFailed;
+    }
+    CloseHandle(file);
+    WaitForSingleObject(event, INFINITE);
+    closesocket(udp);
+    Sleep(INFINITE);
     return 0;
 }
 
@@ -146,6 +194,7 @@ constexpr VerbEntry VerbTable[] = {
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
     {L"environment", EnvironmentVerb, L"environment <file> <ms>"},
+    {L"sockets", SocketsVerb, L"sockets <file> <event>"},
 };
 
 }  // namespace
