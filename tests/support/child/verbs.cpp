@@ -136,6 +136,9 @@ int EnvironmentVerb(Arguments arguments) {
     FreeEnvironmentStringsW(block);
     if (!wrote) return ExitFailed;
     Sleep(milliseconds);
+    return 0;
+}
+
 // A socket on 127.0.0.1 (port 0: any): connected, or bound (and listening for TCP). After one call that the
 // process answers itself, Wine reports this process as its owner.
 SOCKET OnLoopback(int type, unsigned short port, bool doConnect) {
@@ -175,6 +178,8 @@ int SocketsVerb(Arguments arguments) {
     }
     const std::wstring ports = PortOf(listener) + L" " + PortOf(client) + L" " + PortOf(udp);
     HANDLE event = CreateEventW(nullptr, TRUE, FALSE, arguments[1]);
+    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
     if (!event || file == INVALID_HANDLE_VALUE ||
         !WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr)) {
         return ExitFailed;
