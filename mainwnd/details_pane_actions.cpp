@@ -1,13 +1,13 @@
 #include "mainwnd/details_pane_actions.h"
 
 #include "app/lmvx.h"
-#include "mainwnd/owner_button.h"
+#include "common/owner_button.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
 #include "mainwnd/process_menu_items.h"
 #include "mainwnd/process_menu_popup.h"
 #include "mainwnd/process_windows.h"
-#include "mainwnd/shell_open.h"
+#include "common/shell_open.h"
 
 namespace lmvx {
 namespace {
