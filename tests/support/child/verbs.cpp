@@ -124,6 +124,8 @@ constexpr VerbEntry VerbTable[] = {
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
+    {L"deep-stack", DeepStackVerb, L"deep-stack <depth> <ms>: the main thread sleeps <depth> calls deep"},
+    {L"known-threads", KnownThreadsVerb, L"known-threads <file> <ms>: one thread burns, one is suspended, one is blocked, one has a window"},
 };
 
 }  // namespace
