@@ -4,9 +4,12 @@
 #include <dbghelp.h>
 #include <tlhelp32.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <cwchar>
 #include <mutex>
+#include <unordered_map>
 #include <vector>
 
 #include "unique_resource.h"
@@ -101,17 +104,92 @@ private:
     bool suspended_;
 };
 
-// Tells the library of the process's modules from a module snapshot. Letting it look for them itself
-// ("invading" the process) costs seconds under Wine, which lists the host's own libraries too.
-void LoadModules(const DebugHelp& help, HANDLE process) {
-    lmvx::UniqueFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process)));
-    if (!snapshot) return;
-    MODULEENTRY32W entry{};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Module32FirstW(snapshot.Get(), &entry); more; more = Module32NextW(snapshot.Get(), &entry)) {
-        help.loadModule(process, nullptr, entry.szExePath, entry.szModule,
-                        reinterpret_cast<DWORD64>(entry.modBaseAddr), entry.modBaseSize, nullptr, 0);
+// What one walk needs besides the library: the process's modules, handed to the library only when the walk
+// reaches them (letting it look for all of them itself, "invading" the process, costs seconds under Wine,
+// which lists the host's own libraries too), and the pages of the process's memory read so far: the walk
+// reads the stack in many small pieces, and each read of another process's memory is a round trip.
+class WalkSession {
+public:
+    WalkSession(const DebugHelp& help, HANDLE process) : help_(help), process_(process) {
+        lmvx::UniqueFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process)));
+        if (!snapshot) return;
+        MODULEENTRY32W entry{};
+        entry.dwSize = sizeof entry;
+        for (BOOL more = Module32FirstW(snapshot.Get(), &entry); more; more = Module32NextW(snapshot.Get(), &entry)) {
+            modules_.push_back({entry, false});
+        }
     }
+
+    // The base of the module holding the address, told to the library first if it does not know it yet.
+    DWORD64 ModuleBase(DWORD64 address) {
+        for (Module& module : modules_) {
+            const auto base = reinterpret_cast<DWORD64>(module.entry.modBaseAddr);
+            if (address < base || address - base >= module.entry.modBaseSize) continue;
+            if (!module.loaded) {
+                help_.loadModule(process_, nullptr, module.entry.szExePath, module.entry.szModule, base,
+                                 module.entry.modBaseSize, nullptr, 0);
+                module.loaded = true;
+            }
+            return base;
+        }
+        return help_.moduleBase(process_, address);
+    }
+
+    bool Read(DWORD64 address, void* buffer, DWORD size, DWORD* read) {
+        auto* target = static_cast<unsigned char*>(buffer);
+        DWORD done = 0;
+        while (done < size) {
+            const DWORD64 at = address + done;
+            const std::vector<unsigned char>* page = Page(at & ~(PageSize - 1));
+            if (!page) break;
+            const DWORD offset = static_cast<DWORD>(at & (PageSize - 1));
+            const DWORD length = std::min<DWORD>(size - done, PageSize - offset);
+            std::memcpy(target + done, page->data() + offset, length);
+            done += length;
+        }
+        if (read) *read = done;
+        return done == size;
+    }
+
+private:
+    static constexpr DWORD64 PageSize = 4096;
+    struct Module {
+        MODULEENTRY32W entry;
+        bool loaded;
+    };
+
+    const std::vector<unsigned char>* Page(DWORD64 start) {
+        const auto found = pages_.find(start);
+        if (found != pages_.end()) return found->second.empty() ? nullptr : &found->second;
+        std::vector<unsigned char> page(PageSize);
+        SIZE_T read = 0;
+        if (!ReadProcessMemory(process_, reinterpret_cast<const void*>(start), page.data(), PageSize, &read) ||
+            read != PageSize) {
+            page.clear();   // remembered as unreadable
+        }
+        const auto& kept = pages_.emplace(start, std::move(page)).first->second;
+        return kept.empty() ? nullptr : &kept;
+    }
+
+    const DebugHelp& help_;
+    HANDLE process_;
+    std::vector<Module> modules_;
+    std::unordered_map<DWORD64, std::vector<unsigned char>> pages_;
+};
+
+// The walk's callbacks carry no context of their own; the session of the walk in progress is here, and only
+// one walk runs at a time (DebugHelpLock).
+WalkSession* activeSession = nullptr;
+
+BOOL CALLBACK ReadSessionMemory(HANDLE, DWORD64 address, void* buffer, DWORD size, DWORD* read) {
+    return activeSession->Read(address, buffer, size, read) ? TRUE : FALSE;
+}
+
+DWORD64 CALLBACK SessionModuleBase(HANDLE, DWORD64 address) { return activeSession->ModuleBase(address); }
+
+void* CALLBACK SessionFunctionTable(HANDLE process, DWORD64 address) {
+    activeSession->ModuleBase(address);   // the table is found only in a module the library knows
+    return LoadDebugHelp()->functionTableAccess(process, address);
 }
 
 struct RawFrame {
@@ -134,8 +212,8 @@ bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vecto
     frame.AddrStack.Offset = context.Rsp;
     frame.AddrStack.Mode = AddrModeFlat;
     while (frames.size() < MaxFrames &&
-           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, process, thread, &frame, &context, nullptr,
-                          help.functionTableAccess, help.moduleBase, nullptr)) {
+           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, process, thread, &frame, &context, ReadSessionMemory,
+                          SessionFunctionTable, SessionModuleBase, nullptr)) {
         if (frame.AddrPC.Offset == 0) break;
         frames.push_back({frame.AddrPC.Offset, frame.AddrReturn.Offset});
     }
@@ -218,9 +296,11 @@ int _SI_STACKDUMP::CreateStackDump(HANDLE process, HANDLE thread, const wchar_t*
     std::lock_guard<std::mutex> lock(DebugHelpLock());
     help->setOptions(SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS);
     if (!help->initialize(process, nullptr, FALSE)) return 0;
-    LoadModules(*help, process);
+    WalkSession session(*help, process);
+    activeSession = &session;
     std::vector<RawFrame> raw;
     const bool walked = WalkFrames(*help, process, thread, raw);
+    activeSession = nullptr;
     // Names are looked up after the thread runs again: symbol loading can take long.
     for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, process, frame));
     help->cleanup(process);
