@@ -3,41 +3,17 @@
 // thread 50 calls deep. Prints the raw times and the ratio; asserts nothing.
 #include "child_process.h"
 #include "kestrel.h"
+#include "query_timing.h"
 
-#include <winternl.h>
-
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <vector>
 
 namespace {
 
+using namespace kestrel_bench;
+
 constexpr unsigned WantedThreads = 500;
 constexpr int Rounds = 100;
-constexpr ULONG SystemProcessInformationClass = 5;
-constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
-
-using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
-using Clock = std::chrono::steady_clock;
-
-double MicrosecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> samples) {
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
-
-NTSTATUS QueryProcesses(QuerySystemInformationFn query, std::vector<unsigned char>& buffer) {
-    for (;;) {
-        ULONG needed = 0;
-        const NTSTATUS status = query(SystemProcessInformationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
-        if (status != StatusInfoLengthMismatch) return status;
-        buffer.resize(std::max<size_t>(needed + needed / 4, buffer.size() * 2));
-    }
-}
 
 void MeasureThreadList(QuerySystemInformationFn query) {
     lmvx_test::ChildProcess child(L"threads " + std::to_wstring(WantedThreads - 1) + L" 600000");
