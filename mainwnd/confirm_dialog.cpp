@@ -7,7 +7,7 @@
 #include "common/unique_resource.h"
 #include "dialog_ids.h"
 #include "finch.h"
-#include "mainwnd/owner_button.h"
+#include "common/owner_button.h"
 #include "string_ids.h"
 
 namespace lmvx {

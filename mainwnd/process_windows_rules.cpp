@@ -2,11 +2,6 @@
 
 namespace lmvx {
 
-TitleRead ChooseTitleRead(DWORD windowProcessId, DWORD windowThreadId, DWORD selfProcessId, DWORD selfThreadId) {
-    return windowProcessId == selfProcessId && windowThreadId != selfThreadId ? TitleRead::TimedMessage
-                                                                              : TitleRead::Direct;
-}
-
 bool QualifiesAsProcessWindow(bool visible, DWORD windowProcessId, DWORD pid, size_t titleLength) {
     return visible && windowProcessId == pid && titleLength >= 1 &&
            titleLength < static_cast<size_t>(kWindowTitleCapacity);

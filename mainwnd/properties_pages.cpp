@@ -1,12 +1,14 @@
 #include "mainwnd/properties_pages.h"
 
 #include "mainwnd/details_pane_notes.h"
-#include "mainwnd/owner_button.h"
+#include "common/owner_button.h"
 #include "mainwnd/priority_names.h"
-#include "mainwnd/shell_open.h"
+#include "common/shell_open.h"
 #include "props/page_services.h"
 #include "props/process_info_pages.h"
 #include "net/network_page.h"
+#include "props/modules_page.h"
+#include "props/threads_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -21,12 +23,12 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_START, {IDS_PAGE_START}, 2, Always, StartPageProc, &Ctx::startPage},
     {IDD_PAGE_PERFORMANCE, {IDS_PAGE_PERFORMANCE}, 3, Always, PerformancePageProc, &Ctx::performancePage},
     {IDD_PAGE_MEMORY, {IDS_PAGE_MEMORY}, 4, Always, MemoryPageProc, &Ctx::memoryPage},
-    {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, nullptr, &Ctx::modulesPage},
+    {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, ModulesPageProc, &Ctx::modulesPage},
     {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
     {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, net::NetworkPageProc, &Ctx::networkPage},
     {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
-    {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, nullptr, &Ctx::threadsPage},
+    {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, ThreadsPageProc, &Ctx::threadsPage},
     {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, TokenPageProc, &Ctx::tokenPage},
     {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess, nullptr,
      &Ctx::virtualMemoryPage},

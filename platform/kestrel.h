@@ -270,3 +270,127 @@ namespace kestrel {
 KESTREL_API int PDM_GetProcessEnvironmentBlock(unsigned pid, wchar_t* buffer, unsigned* size);
 
 }  // namespace kestrel
+
+// ---- Threads of a process ----
+// PD_THREADLIST takes the threads of one process from one system-wide process query per refresh: times,
+// priorities and creation times come from that query. What the query does not carry (the start address and
+// the location of the thread's environment block) is read once per thread and kept while the thread lives.
+// The last error and the last status are read from the thread's environment block when asked for.
+namespace kestrel {
+
+namespace detail {
+class ThreadListImpl;
+}
+
+class PD_THREADENTRY {
+public:
+    KESTREL_API unsigned GetThreadID() const;
+    KESTREL_API double GetCPUUsage() const;          // percent of the machine since the previous query
+    KESTREL_API double GetAverageCPUUsage() const;   // percent of the machine over the thread's life
+    KESTREL_API ULONG_PTR GetStartAddress() const;   // 0 when it cannot be read
+    KESTREL_API const wchar_t* GetModuleName() const;   // file name of the module holding the start address, or ""
+    KESTREL_API unsigned GetModuleBaseAddress() const;  // low 32 bits of that module's base
+    KESTREL_API const wchar_t* GetStartAddressText() const;   // "" unless the library has a text of its own
+    KESTREL_API int GetPriority() const;   // THREAD_PRIORITY_IDLE (-15) ... THREAD_PRIORITY_TIME_CRITICAL (15)
+    KESTREL_API unsigned GetThreadLastError() const;    // read now from the thread; 0 when it cannot be read
+    KESTREL_API unsigned GetThreadLastStatus() const;
+    // Local creation time; year 0 when unknown.
+    KESTREL_API SYSTEMTIME GetCreationSystemTime() const;
+    // Durations: whole days plus one in wDay (day 1 means less than a day), the rest in the time fields.
+    // Month and year count on from January 1601 and carry no meaning.
+    KESTREL_API SYSTEMTIME GetRuntimeSystemTime() const;
+    KESTREL_API SYSTEMTIME GetKernelSystemTime() const;
+    KESTREL_API SYSTEMTIME GetUserSystemTime() const;
+    KESTREL_API SYSTEMTIME GetCPUSystemTime() const;   // kernel plus user
+
+private:
+    friend class detail::ThreadListImpl;
+    unsigned threadId_ = 0;
+    int priority_ = 0;
+    double cpuUsage_ = 0;
+    double averageCpuUsage_ = 0;
+    ULONG_PTR startAddress_ = 0;
+    ULONG_PTR moduleBase_ = 0;
+    ULONG_PTR environmentBlock_ = 0;
+    HANDLE process_ = nullptr;   // the list's handle, opened for reading memory; null when that was refused
+    unsigned long long creationTime_ = 0;   // FILETIME value, UTC
+    unsigned long long kernelTime_ = 0;     // 100 ns units
+    unsigned long long userTime_ = 0;
+    unsigned long long runTime_ = 0;
+    wchar_t moduleName_[MAX_PATH] = {};
+    wchar_t startAddressText_[MAX_PATH] = {};
+};
+
+class PD_THREADLIST {
+public:
+    constexpr PD_THREADLIST() noexcept = default;
+    KESTREL_API ~PD_THREADLIST();
+    PD_THREADLIST(const PD_THREADLIST&) = delete;
+    PD_THREADLIST& operator=(const PD_THREADLIST&) = delete;
+
+    // Replaces the entries with the threads the process has now; non-zero on success. 0 when the process is
+    // not running (the list is then empty).
+    KESTREL_API int QueryThreadList(unsigned pid);
+    KESTREL_API unsigned GetThreadCount() const;
+    // Entries stay valid until the next query.
+    KESTREL_API PD_THREADENTRY* GetThread(unsigned index);
+    KESTREL_API PD_THREADENTRY* FindThread(unsigned threadId);
+
+private:
+    detail::ThreadListImpl* impl_ = nullptr;
+};
+
+// Thread actions: each takes a thread id and returns non-zero on success. The calling thread itself is
+// refused by all three actions (suspending it would never return).
+KESTREL_API int PRM_IsThreadSuspended(unsigned threadId);
+KESTREL_API int PRM_SuspendThread(unsigned threadId);
+KESTREL_API int PRM_ResumeThread(unsigned threadId);   // undoes one suspension
+KESTREL_API int PRM_TerminateThread(unsigned threadId);
+
+}  // namespace kestrel
+
+// ---- Call stacks ----
+// The stack of one thread of another process, walked with the system's debug help library (loaded from the
+// system folder). Addresses are kept in full in the 64-bit fields; the 32-bit fields hold their low halves.
+namespace kestrel {
+
+namespace detail {
+struct StackFrames;
+}
+
+struct _SI_STACKFRAME {
+    unsigned functionAddress;          // low 32 bits of the frame's function start; 0 when unknown
+    unsigned returnAddress;            // low 32 bits of the return address
+    wchar_t callText[512];             // "module!function+0x1a", "module+0x1a20" or the bare address
+    unsigned functionValid;            // non-zero when functionText holds a symbol name
+    wchar_t moduleName[512];           // file name of the module, "" when the address lies in none
+    wchar_t functionText[260];         // the symbol name, with "+0x..." when the address is inside it
+    wchar_t modulePath[260];           // full path of the module
+    wchar_t sourceText[512];           // "file(line)" when line information exists, else ""
+    unsigned long long programCounter; // the frame's instruction address, in full
+    unsigned long long functionAddress64;
+    unsigned long long returnAddress64;
+};
+
+class _SI_STACKDUMP {
+public:
+    unsigned frameCount = 0;   // read directly after a successful walk
+
+    constexpr _SI_STACKDUMP() noexcept = default;
+    KESTREL_API ~_SI_STACKDUMP();
+    _SI_STACKDUMP(const _SI_STACKDUMP&) = delete;
+    _SI_STACKDUMP& operator=(const _SI_STACKDUMP&) = delete;
+
+    // Walks the thread's stack: the thread is suspended only while its registers and stack are read, and is
+    // always resumed. process needs PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, thread THREAD_SUSPEND_RESUME |
+    // THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION. text is reserved (null). Non-zero on success; the calling
+    // thread cannot be walked.
+    KESTREL_API int CreateStackDump(HANDLE process, HANDLE thread, const wchar_t* text);
+    // Frame 0 is the innermost (the current instruction). An index out of range gives a zeroed frame.
+    KESTREL_API _SI_STACKFRAME GetFrame(unsigned index) const;
+
+private:
+    detail::StackFrames* frames_ = nullptr;
+};
+
+}  // namespace kestrel

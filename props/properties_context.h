@@ -28,6 +28,7 @@ struct ProcessPropertiesContext {
     HWND tokenPage = nullptr;
     unsigned pid = 0;
     BOOL topmost = FALSE;         // the main window was topmost when this window was opened
+    kestrel::PD_THREADLIST threadList;               // working list of the Threads page
     kestrel::TL_PROCESSLIST* processList = nullptr;  // the program's provider; look the process up by PID
     heron::_CONNECTIONLIST connectionList;           // working list of the Network page
     // Refresh interval of the main window in ms (0 means 100 ms), read once at opening.

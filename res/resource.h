@@ -9,6 +9,7 @@
 #include "pages_ids.h"
 #include "options_ids.h"
 #include "net_ids.h"
+#include "threads_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"

@@ -54,6 +54,39 @@ struct SystemProcessEntry {
 };
 static_assert(sizeof(SystemProcessEntry) == 0x100, "x64 layout of SYSTEM_PROCESS_INFORMATION");
 
+// One thread entry; NumberOfThreads of them follow each process entry.
+struct SystemThreadEntry {
+    LARGE_INTEGER KernelTime;
+    LARGE_INTEGER UserTime;
+    LARGE_INTEGER CreateTime;
+    ULONG WaitTime;
+    void* StartAddress;
+    HANDLE UniqueProcess;
+    HANDLE UniqueThread;
+    LONG Priority;
+    LONG BasePriority;
+    ULONG ContextSwitches;
+    ULONG ThreadState;
+    ULONG WaitReason;
+};
+static_assert(sizeof(SystemThreadEntry) == 0x50, "x64 layout of SYSTEM_THREAD_INFORMATION");
+
+constexpr ULONG ThreadBasicInformationClass = 0;
+constexpr ULONG ThreadQuerySetWin32StartAddressClass = 9;
+
+struct ThreadBasicInfo {
+    NTSTATUS ExitStatus;
+    void* TebBaseAddress;
+    HANDLE UniqueProcess;
+    HANDLE UniqueThread;
+    ULONG_PTR AffinityMask;
+    LONG Priority;
+    LONG BasePriority;
+};
+// Where the x64 thread environment block keeps the last Win32 error and the last NTSTATUS.
+constexpr SIZE_T TebLastErrorOffset = 0x68;
+constexpr SIZE_T TebLastStatusOffset = 0x1250;
+
 // The parts of the PEB and its process parameters that lead to the command line and the environment.
 struct ProcessBasicInfo {
     NTSTATUS ExitStatus;
@@ -70,9 +103,11 @@ constexpr SIZE_T ParametersEnvironmentSizeOffset = 0x3F0;   // bytes; filled fro
 
 using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
 using QueryInformationProcessFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
+using QueryInformationThreadFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
 
 // Looked up once in ntdll, which every process has loaded.
 QuerySystemInformationFn QuerySystemInformation();
 QueryInformationProcessFn QueryInformationProcess();
+QueryInformationThreadFn QueryInformationThread();
 
 }  // namespace kestrel::nt

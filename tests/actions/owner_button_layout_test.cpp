@@ -1,5 +1,5 @@
 // Colours, fill choice and layout of the owner-drawn push button.
-#include "mainwnd/owner_button_layout.h"
+#include "common/owner_button_layout.h"
 
 #include <gtest/gtest.h>
 

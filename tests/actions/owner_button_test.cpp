@@ -1,6 +1,6 @@
 // The owner-drawn button painted into a bitmap: frame, face by state, and nothing for other item types.
-#include "mainwnd/owner_button.h"
-#include "mainwnd/owner_button_layout.h"
+#include "common/owner_button.h"
+#include "common/owner_button_layout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The shell-open helper through replaceable calls: which path reaches the shell, on which thread.
-#include "mainwnd/shell_open.h"
-#include "mainwnd/shell_open_calls.h"
+#include "common/shell_open.h"
+#include "common/shell_open_calls.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #include "finch.h"
 #include "kestrel.h"
 #include "mainwnd/details_pane_notes.h"
-#include "mainwnd/owner_button.h"
+#include "common/owner_button.h"
 #include "mainwnd/priority_names.h"
 #include "props/page_services.h"
 #include "props/process_info_pages.h"

@@ -200,6 +200,8 @@ constexpr VerbEntry VerbTable[] = {
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
     {L"environment", EnvironmentVerb, L"environment <file> <ms>"},
     {L"sockets", SocketsVerb, L"sockets <file> <event>"},
+    {L"deep-stack", DeepStackVerb, L"deep-stack <depth> <ms>: the main thread sleeps <depth> calls deep"},
+    {L"known-threads", KnownThreadsVerb, L"known-threads <file> <ms>: one thread burns, one is suspended, one is blocked, one has a window"},
 };
 
 }  // namespace

@@ -17,6 +17,10 @@ struct VerbEntry {
 
 std::span<const VerbEntry> Verbs();
 
+// Verbs that live in files of their own.
+int KnownThreadsVerb(Arguments arguments);
+int DeepStackVerb(Arguments arguments);
+
 constexpr int ExitUsage = 2;
 constexpr int ExitFailed = 3;
 

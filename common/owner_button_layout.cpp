@@ -1,4 +1,4 @@
-#include "mainwnd/owner_button_layout.h"
+#include "common/owner_button_layout.h"
 
 namespace lmvx {
 

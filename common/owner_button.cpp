@@ -1,5 +1,5 @@
-#include "mainwnd/owner_button.h"
-#include "mainwnd/owner_button_layout.h"
+#include "common/owner_button.h"
+#include "common/owner_button_layout.h"
 
 #include <iterator>
 

@@ -1,5 +1,5 @@
-#include "mainwnd/shell_open.h"
-#include "mainwnd/shell_open_calls.h"
+#include "common/shell_open.h"
+#include "common/shell_open_calls.h"
 
 #include <shellapi.h>
 #include <shlwapi.h>

@@ -1,0 +1,320 @@
+// _SI_STACKDUMP: the call stack of a thread of another process, through the system's debug help library.
+#include "kestrel.h"
+
+#include <dbghelp.h>
+#include <tlhelp32.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <cwchar>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+#include "unique_resource.h"
+
+namespace kestrel {
+
+// The program reads these fields at fixed places; keep the record's layout.
+static_assert(offsetof(_SI_STACKFRAME, callText) == 8);
+static_assert(offsetof(_SI_STACKFRAME, functionValid) == 1032);
+static_assert(offsetof(_SI_STACKFRAME, functionText) == 2060);
+static_assert(offsetof(_SI_STACKFRAME, modulePath) == 2580);
+static_assert(offsetof(_SI_STACKFRAME, sourceText) == 3100);
+
+namespace detail {
+
+struct StackFrames {
+    std::vector<_SI_STACKFRAME> frames;
+};
+
+namespace {
+
+// A deep recursion would otherwise walk for a long time; no one reads further than this.
+constexpr unsigned MaxFrames = 1024;
+
+// The debug help calls, from the system folder's dbghelp.dll (never one beside the program).
+struct DebugHelp {
+    decltype(&SymSetOptions) setOptions = nullptr;
+    decltype(&SymInitializeW) initialize = nullptr;
+    decltype(&SymCleanup) cleanup = nullptr;
+    decltype(&StackWalk64) stackWalk = nullptr;
+    decltype(&SymFunctionTableAccess64) functionTableAccess = nullptr;
+    decltype(&SymGetModuleBase64) moduleBase = nullptr;
+    decltype(&SymFromAddrW) fromAddress = nullptr;
+    decltype(&SymGetModuleInfoW64) moduleInfo = nullptr;
+    decltype(&SymGetLineFromAddrW64) lineFromAddress = nullptr;
+    decltype(&SymLoadModuleExW) loadModule = nullptr;
+
+    bool Complete() const {
+        return setOptions && initialize && cleanup && stackWalk && functionTableAccess && moduleBase && fromAddress &&
+               moduleInfo && lineFromAddress && loadModule;
+    }
+};
+
+template <typename Function>
+void Bind(HMODULE module, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+const DebugHelp* LoadDebugHelp() {
+    static const DebugHelp* loaded = []() -> const DebugHelp* {
+        wchar_t path[MAX_PATH];
+        const UINT length = GetSystemDirectoryW(path, MAX_PATH);
+        if (length == 0 || length > MAX_PATH - 16) return nullptr;
+        std::wcscat(path, L"\\dbghelp.dll");
+        HMODULE module = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);   // kept for the process's life
+        if (!module) return nullptr;
+        static DebugHelp help;
+        Bind(module, "SymSetOptions", help.setOptions);
+        Bind(module, "SymInitializeW", help.initialize);
+        Bind(module, "SymCleanup", help.cleanup);
+        Bind(module, "StackWalk64", help.stackWalk);
+        Bind(module, "SymFunctionTableAccess64", help.functionTableAccess);
+        Bind(module, "SymGetModuleBase64", help.moduleBase);
+        Bind(module, "SymFromAddrW", help.fromAddress);
+        Bind(module, "SymGetModuleInfoW64", help.moduleInfo);
+        Bind(module, "SymGetLineFromAddrW64", help.lineFromAddress);
+        Bind(module, "SymLoadModuleExW", help.loadModule);
+        return help.Complete() ? &help : nullptr;
+    }();
+    return loaded;
+}
+
+// The debug help library is not thread-safe, and two call stack windows may walk at once.
+std::mutex& DebugHelpLock() {
+    static std::mutex lock;
+    return lock;
+}
+
+// Resumes the thread when the walk ends, however it ends.
+class SuspendedThread {
+public:
+    explicit SuspendedThread(HANDLE thread) : thread_(thread), suspended_(SuspendThread(thread) != static_cast<DWORD>(-1)) {}
+    ~SuspendedThread() {
+        if (suspended_) ResumeThread(thread_);
+    }
+    SuspendedThread(const SuspendedThread&) = delete;
+    SuspendedThread& operator=(const SuspendedThread&) = delete;
+    bool Suspended() const { return suspended_; }
+
+private:
+    HANDLE thread_;
+    bool suspended_;
+};
+
+// What one walk needs besides the library: the process's modules, handed to the library only when the walk
+// reaches them (letting it look for all of them itself, "invading" the process, costs seconds under Wine,
+// which lists the host's own libraries too), and the pages of the process's memory read so far: the walk
+// reads the stack in many small pieces, and each read of another process's memory is a round trip.
+class WalkSession {
+public:
+    WalkSession(const DebugHelp& help, HANDLE process) : help_(help), process_(process) {
+        lmvx::UniqueFileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process)));
+        if (!snapshot) return;
+        MODULEENTRY32W entry{};
+        entry.dwSize = sizeof entry;
+        for (BOOL more = Module32FirstW(snapshot.Get(), &entry); more; more = Module32NextW(snapshot.Get(), &entry)) {
+            modules_.push_back({entry, false});
+        }
+    }
+
+    // The base of the module holding the address, told to the library first if it does not know it yet.
+    DWORD64 ModuleBase(DWORD64 address) {
+        for (Module& module : modules_) {
+            const auto base = reinterpret_cast<DWORD64>(module.entry.modBaseAddr);
+            if (address < base || address - base >= module.entry.modBaseSize) continue;
+            if (!module.loaded) {
+                help_.loadModule(process_, nullptr, module.entry.szExePath, module.entry.szModule, base,
+                                 module.entry.modBaseSize, nullptr, 0);
+                module.loaded = true;
+            }
+            return base;
+        }
+        return help_.moduleBase(process_, address);
+    }
+
+    bool Read(DWORD64 address, void* buffer, DWORD size, DWORD* read) {
+        auto* target = static_cast<unsigned char*>(buffer);
+        DWORD done = 0;
+        while (done < size) {
+            const DWORD64 at = address + done;
+            const std::vector<unsigned char>* page = Page(at & ~(PageSize - 1));
+            if (!page) break;
+            const DWORD offset = static_cast<DWORD>(at & (PageSize - 1));
+            const DWORD length = std::min<DWORD>(size - done, PageSize - offset);
+            std::memcpy(target + done, page->data() + offset, length);
+            done += length;
+        }
+        if (read) *read = done;
+        return done == size;
+    }
+
+private:
+    static constexpr DWORD64 PageSize = 4096;
+    struct Module {
+        MODULEENTRY32W entry;
+        bool loaded;
+    };
+
+    const std::vector<unsigned char>* Page(DWORD64 start) {
+        const auto found = pages_.find(start);
+        if (found != pages_.end()) return found->second.empty() ? nullptr : &found->second;
+        std::vector<unsigned char> page(PageSize);
+        SIZE_T read = 0;
+        if (!ReadProcessMemory(process_, reinterpret_cast<const void*>(start), page.data(), PageSize, &read) ||
+            read != PageSize) {
+            page.clear();   // remembered as unreadable
+        }
+        const auto& kept = pages_.emplace(start, std::move(page)).first->second;
+        return kept.empty() ? nullptr : &kept;
+    }
+
+    const DebugHelp& help_;
+    HANDLE process_;
+    std::vector<Module> modules_;
+    std::unordered_map<DWORD64, std::vector<unsigned char>> pages_;
+};
+
+// The walk's callbacks carry no context of their own; the session of the walk in progress is here, and only
+// one walk runs at a time (DebugHelpLock).
+WalkSession* activeSession = nullptr;
+
+BOOL CALLBACK ReadSessionMemory(HANDLE, DWORD64 address, void* buffer, DWORD size, DWORD* read) {
+    return activeSession->Read(address, buffer, size, read) ? TRUE : FALSE;
+}
+
+DWORD64 CALLBACK SessionModuleBase(HANDLE, DWORD64 address) { return activeSession->ModuleBase(address); }
+
+void* CALLBACK SessionFunctionTable(HANDLE process, DWORD64 address) {
+    activeSession->ModuleBase(address);   // the table is found only in a module the library knows
+    return LoadDebugHelp()->functionTableAccess(process, address);
+}
+
+struct RawFrame {
+    DWORD64 programCounter;
+    DWORD64 returnAddress;
+};
+
+// The instruction and return addresses of every frame, taken while the thread is held still.
+bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vector<RawFrame>& frames) {
+    SuspendedThread hold(thread);
+    if (!hold.Suspended()) return false;
+    CONTEXT context{};
+    context.ContextFlags = CONTEXT_FULL;
+    if (!GetThreadContext(thread, &context)) return false;
+    STACKFRAME64 frame{};
+    frame.AddrPC.Offset = context.Rip;
+    frame.AddrPC.Mode = AddrModeFlat;
+    frame.AddrFrame.Offset = context.Rsp;
+    frame.AddrFrame.Mode = AddrModeFlat;
+    frame.AddrStack.Offset = context.Rsp;
+    frame.AddrStack.Mode = AddrModeFlat;
+    while (frames.size() < MaxFrames &&
+           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, process, thread, &frame, &context, ReadSessionMemory,
+                          SessionFunctionTable, SessionModuleBase, nullptr)) {
+        if (frame.AddrPC.Offset == 0) break;
+        frames.push_back({frame.AddrPC.Offset, frame.AddrReturn.Offset});
+    }
+    return !frames.empty();
+}
+
+const wchar_t* FileNameOf(const wchar_t* path) {
+    const wchar_t* name = path;
+    for (const wchar_t* c = path; *c; ++c) {
+        if (*c == L'\\' || *c == L'/') name = c + 1;
+    }
+    return name;
+}
+
+void CopyText(wchar_t* target, size_t capacity, const wchar_t* text) {
+    std::wcsncpy(target, text, capacity - 1);
+    target[capacity - 1] = L'\0';
+}
+
+_SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFrame& raw) {
+    _SI_STACKFRAME frame{};
+    frame.programCounter = raw.programCounter;
+    frame.returnAddress64 = raw.returnAddress;
+    frame.returnAddress = static_cast<unsigned>(raw.returnAddress);
+
+    IMAGEHLP_MODULEW64 module{};
+    module.SizeOfStruct = sizeof module;
+    if (help.moduleInfo(process, raw.programCounter, &module)) {
+        CopyText(frame.modulePath, 260, module.LoadedImageName[0] ? module.LoadedImageName : module.ImageName);
+        CopyText(frame.moduleName, 512, FileNameOf(frame.modulePath));
+    }
+
+    alignas(SYMBOL_INFOW) unsigned char symbolBuffer[sizeof(SYMBOL_INFOW) + 256 * sizeof(wchar_t)] = {};
+    auto* symbol = reinterpret_cast<SYMBOL_INFOW*>(symbolBuffer);
+    symbol->SizeOfStruct = sizeof(SYMBOL_INFOW);
+    symbol->MaxNameLen = 256;
+    DWORD64 displacement = 0;
+    if (help.fromAddress(process, raw.programCounter, &displacement, symbol)) {
+        frame.functionAddress64 = symbol->Address;
+        frame.functionAddress = static_cast<unsigned>(symbol->Address);
+        frame.functionValid = 1;
+        if (displacement != 0) {
+            std::swprintf(frame.functionText, 260, L"%ls+0x%llx", symbol->Name, displacement);
+        } else {
+            CopyText(frame.functionText, 260, symbol->Name);
+        }
+    }
+
+    IMAGEHLP_LINEW64 line{};
+    line.SizeOfStruct = sizeof line;
+    DWORD lineDisplacement = 0;
+    if (help.lineFromAddress(process, raw.programCounter, &lineDisplacement, &line) && line.FileName) {
+        std::swprintf(frame.sourceText, 512, L"%ls(%lu)", line.FileName, line.LineNumber);
+    }
+
+    if (frame.functionValid && frame.moduleName[0]) {
+        std::swprintf(frame.callText, 512, L"%ls!%ls", frame.moduleName, frame.functionText);
+    } else if (frame.moduleName[0]) {
+        std::swprintf(frame.callText, 512, L"%ls+0x%llx", frame.moduleName, raw.programCounter - module.BaseOfImage);
+    } else {
+        std::swprintf(frame.callText, 512, L"0x%.16llX", raw.programCounter);
+    }
+    return frame;
+}
+
+}  // namespace
+}  // namespace detail
+
+_SI_STACKDUMP::~_SI_STACKDUMP() { delete frames_; }
+
+int _SI_STACKDUMP::CreateStackDump(HANDLE process, HANDLE thread, const wchar_t*) {
+    using namespace detail;
+    frameCount = 0;
+    if (!frames_) frames_ = new (std::nothrow) StackFrames;
+    if (!frames_ || !process || !thread || GetThreadId(thread) == GetCurrentThreadId()) return 0;
+    frames_->frames.clear();
+    const DebugHelp* help = LoadDebugHelp();
+    if (!help) return 0;
+
+    std::lock_guard<std::mutex> lock(DebugHelpLock());
+    help->setOptions(SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS);
+    if (!help->initialize(process, nullptr, FALSE)) return 0;
+    WalkSession session(*help, process);
+    activeSession = &session;
+    std::vector<RawFrame> raw;
+    const bool walked = WalkFrames(*help, process, thread, raw);
+    activeSession = nullptr;
+    // Names are looked up after the thread runs again: symbol loading can take long.
+    for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, process, frame));
+    help->cleanup(process);
+    if (!walked) {
+        frames_->frames.clear();
+        return 0;
+    }
+    frameCount = static_cast<unsigned>(frames_->frames.size());
+    return 1;
+}
+
+_SI_STACKFRAME _SI_STACKDUMP::GetFrame(unsigned index) const {
+    if (!frames_ || index >= frames_->frames.size()) return _SI_STACKFRAME{};
+    return frames_->frames[index];
+}
+
+}  // namespace kestrel

@@ -1,0 +1,121 @@
+// The thread list and the thread actions against a child with known threads.
+#include "kestrel.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "known_threads.h"
+#include "message_pump.h"
+
+namespace {
+
+using lmvx_test::KnownThreads;
+using lmvx_test::PumpUntil;
+
+class ThreadListTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { threads_ = new KnownThreads(KnownThreads::Start()); }
+    static void TearDownTestSuite() {
+        delete threads_;
+        threads_ = nullptr;
+    }
+    void SetUp() override { ASSERT_TRUE(threads_->Started()); }
+    static KnownThreads* threads_;
+};
+
+KnownThreads* ThreadListTest::threads_ = nullptr;
+
+TEST_F(ThreadListTest, ListsEveryThreadAndTheBurningOneUsesCpu) {
+    kestrel::PD_THREADLIST list;
+    ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
+    for (DWORD threadId : {threads_->burning, threads_->suspended, threads_->blocked, threads_->windowed}) {
+        EXPECT_NE(nullptr, list.FindThread(threadId)) << threadId;
+    }
+    EXPECT_GE(list.GetThreadCount(), 5u);
+    const bool used = PumpUntil(
+        [&] {
+            list.QueryThreadList(threads_->child->Pid());
+            const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
+            return burning && burning->GetCPUUsage() > 0;
+        },
+        20000);
+    EXPECT_TRUE(used);
+    const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
+    ASSERT_NE(nullptr, burning);
+    EXPECT_GT(burning->GetAverageCPUUsage(), 0.0);
+    const SYSTEMTIME cpu = burning->GetCPUSystemTime();
+    EXPECT_EQ(1, cpu.wDay) << "less than a day of CPU shows as day 1";
+    EXPECT_NE(0, cpu.wYear) << "creation time is known";
+}
+
+TEST_F(ThreadListTest, TheBlockedThreadStartsInTheChildAndKeepsItsLastError) {
+    kestrel::PD_THREADLIST list;
+    ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
+    const kestrel::PD_THREADENTRY* blocked = list.FindThread(threads_->blocked);
+    ASSERT_NE(nullptr, blocked);
+    EXPECT_STREQ(L"lmvx_test_child.exe", blocked->GetModuleName());
+    EXPECT_GT(blocked->GetStartAddress(), static_cast<ULONG_PTR>(blocked->GetModuleBaseAddress()));
+    EXPECT_EQ(static_cast<unsigned>(ERROR_FILE_NOT_FOUND), blocked->GetThreadLastError());
+    EXPECT_EQ(0, blocked->GetPriority());
+    EXPECT_EQ(nullptr, list.FindThread(GetCurrentThreadId())) << "only the child's threads";
+}
+
+TEST_F(ThreadListTest, SuspendResumeAndTerminateActForReal) {
+    const DWORD blocked = threads_->blocked;
+    EXPECT_TRUE(kestrel::PRM_IsThreadSuspended(threads_->suspended));
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(blocked));
+    ASSERT_TRUE(kestrel::PRM_SuspendThread(blocked));
+    EXPECT_TRUE(kestrel::PRM_IsThreadSuspended(blocked));
+    ASSERT_TRUE(kestrel::PRM_ResumeThread(blocked));
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(blocked));
+
+    // A thread of its own to end, so the other tests keep theirs.
+    KnownThreads other = KnownThreads::Start();
+    ASSERT_TRUE(other.Started());
+    ASSERT_TRUE(kestrel::PRM_TerminateThread(other.burning));
+    kestrel::PD_THREADLIST list;
+    EXPECT_TRUE(PumpUntil(
+        [&] { return list.QueryThreadList(other.child->Pid()) && list.FindThread(other.burning) == nullptr; }, 10000));
+    // The ended thread fails every action.
+    EXPECT_FALSE(kestrel::PRM_SuspendThread(other.burning));
+    EXPECT_FALSE(kestrel::PRM_TerminateThread(other.burning));
+}
+
+TEST(ThreadActions, TheCallingThreadIsRefused) {
+    EXPECT_FALSE(kestrel::PRM_SuspendThread(GetCurrentThreadId()));
+    EXPECT_FALSE(kestrel::PRM_TerminateThread(GetCurrentThreadId()));
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(GetCurrentThreadId()));
+}
+
+TEST(ThreadList, AProcessThatIsNotRunningGivesAnEmptyList) {
+    kestrel::PD_THREADLIST list;
+    EXPECT_FALSE(list.QueryThreadList(0xFFFFFFF0u));
+    EXPECT_EQ(0u, list.GetThreadCount());
+    EXPECT_EQ(nullptr, list.GetThread(0));
+}
+
+TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, threads_->child->Pid());
+    HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
+                               threads_->blocked);
+    ASSERT_TRUE(process && thread);
+    kestrel::_SI_STACKDUMP stack;
+    ASSERT_TRUE(stack.CreateStackDump(process, thread, nullptr));
+    bool childFrame = false;
+    bool knownFunction = false;
+    for (unsigned i = 0; i < stack.frameCount; ++i) {
+        const kestrel::_SI_STACKFRAME frame = stack.GetFrame(i);
+        std::wstring path = frame.modulePath;
+        childFrame |= path.find(L"lmvx_test_child.exe") != std::wstring::npos;
+        knownFunction |= std::wstring(frame.callText).find(L"BlockedInChildWait") != std::wstring::npos;
+    }
+    EXPECT_TRUE(childFrame);
+    EXPECT_TRUE(knownFunction);
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(threads_->blocked)) << "resumed after the walk";
+    EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), GetCurrentThread(), nullptr)) << "not the calling thread";
+    CloseHandle(thread);
+    CloseHandle(process);
+}
+
+}  // namespace

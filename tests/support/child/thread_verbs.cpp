@@ -1,0 +1,93 @@
+// Verbs for the thread views: known-threads (threads that each do one known thing) and deep-stack.
+#include "verbs.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cwchar>
+
+namespace lmvx_test_child {
+
+namespace {
+
+DWORD WINAPI BurnForever(void*) {
+    volatile unsigned long long sink = 0;
+    for (;;) sink = sink + 1;
+}
+
+DWORD WINAPI NeverRuns(void*) { return 0; }
+
+// The blocked thread waits here; its call stack shows this function's name. Kept out of line on purpose.
+__attribute__((noinline)) DWORD BlockedInChildWait(HANDLE event) {
+    SetLastError(ERROR_FILE_NOT_FOUND);   // a last error the thread views can show
+    const DWORD result = WaitForSingleObject(event, INFINITE);
+    return result + 1;
+}
+
+DWORD WINAPI BlockedThread(void* event) { return BlockedInChildWait(static_cast<HANDLE>(event)); }
+
+// One visible titled window; created = set once it exists.
+DWORD WINAPI WindowThread(void* created) {
+    HWND window = CreateWindowExW(0, L"STATIC", L"Lumivex test thread window", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+                                  300, 120, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetEvent(static_cast<HANDLE>(created));
+    if (!window) return 1;
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return 0;
+}
+
+// One frame per level, so the stack is as deep as asked. Kept out of line and not a tail call on purpose.
+__attribute__((noinline)) DWORD Recurse(DWORD depth, DWORD milliseconds) {
+    if (depth <= 1) {
+        Sleep(milliseconds);
+        return 0;
+    }
+    volatile DWORD below = Recurse(depth - 1, milliseconds);
+    return below + 1;
+}
+
+}  // namespace
+
+int DeepStackVerb(Arguments arguments) {
+    if (arguments.size() < 2) return ExitUsage;
+    return static_cast<int>(Recurse(std::wcstoul(arguments[0], nullptr, 10), std::wcstoul(arguments[1], nullptr, 10)) * 0);
+}
+
+int KnownThreadsVerb(Arguments arguments) {
+    if (arguments.size() < 2) return ExitUsage;
+    const DWORD milliseconds = std::wcstoul(arguments[1], nullptr, 10);
+    // A library loaded for the test alone, for the module views to find.
+    if (!LoadLibraryW(L"version.dll")) return ExitFailed;
+    HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE windowCreated = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    DWORD burn = 0, suspended = 0, blocked = 0, window = 0;
+    HANDLE threads[] = {
+        CreateThread(nullptr, 0, BurnForever, nullptr, 0, &burn),
+        CreateThread(nullptr, 0, NeverRuns, nullptr, CREATE_SUSPENDED, &suspended),
+        CreateThread(nullptr, 0, BlockedThread, never, 0, &blocked),
+        CreateThread(nullptr, 0, WindowThread, windowCreated, 0, &window),
+    };
+    for (HANDLE thread : threads) {
+        if (!thread) return ExitFailed;
+    }
+    WaitForSingleObject(windowCreated, 10000);
+    // Written last and whole, so a reader that finds the file finds every id.
+    wchar_t text[128];
+    const int length = std::swprintf(text, 128, L"%lu %lu %lu %lu", burn, suspended, blocked, window);
+    wchar_t temporary[MAX_PATH];
+    std::swprintf(temporary, MAX_PATH, L"%ls.part", arguments[0]);
+    HANDLE file = CreateFileW(temporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
+    DWORD written = 0;
+    WriteFile(file, text, static_cast<DWORD>(length * sizeof(wchar_t)), &written, nullptr);
+    CloseHandle(file);
+    if (!MoveFileExW(temporary, arguments[0], MOVEFILE_REPLACE_EXISTING)) return ExitFailed;
+    Sleep(milliseconds);
+    return 0;
+}
+
+}  // namespace lmvx_test_child
