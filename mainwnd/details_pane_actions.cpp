@@ -7,6 +7,7 @@
 #include "mainwnd/process_menu_items.h"
 #include "mainwnd/process_menu_popup.h"
 #include "mainwnd/process_windows.h"
+#include "mainwnd/properties_windows.h"
 #include "mainwnd/shell_open.h"
 
 namespace lmvx {
@@ -40,6 +41,7 @@ PaneActions ProgramPaneActions() {
     actions.priorityName = PriorityClassName;
     actions.drawOwnerButton = DrawOwnerButton;
     actions.historyGraph = kestrel::GetProcessHistoryGraph;
+    actions.openProperties = OpenPropertiesWindow;
     return actions;
 }
 

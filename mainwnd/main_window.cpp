@@ -22,6 +22,9 @@
 namespace lmvx {
 namespace {
 
+// How long the end of the program waits for open properties windows to close.
+constexpr DWORD kPropertiesCloseTimeoutMs = 2000;
+
 MainWindowState* StateOf(HWND window) {
     return reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
@@ -117,9 +120,18 @@ void SaveStateAtClose(MainWindowState& state) {
     state.processList.SaveColumnOrder();
 }
 
+// WM_USER with wParam 4000 is the refresh thread's request; any other non-null wParam is a properties
+// window announcing itself.
+void OnUserMessage(MainWindowState& state, WPARAM wParam) {
+    if (!state.refreshCycle.OnRefreshMessage(wParam) && wParam != 0) {
+        state.propertiesWindows.Add(reinterpret_cast<HWND>(wParam));
+    }
+}
+
 void OnDestroy(HWND window) {
     MainWindowState* state = StateOf(window);
     if (!state) return;
+    state->propertiesWindows.CloseAll(kPropertiesCloseTimeoutMs);
     state->refreshCycle.Stop();
     SaveStateAtClose(*state);
 }
@@ -170,7 +182,10 @@ INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         if (MainWindowState* state = StateOf(window)) state->menuOpen = message == WM_ENTERMENULOOP;
         return FALSE;
     case WM_USER:
-        if (MainWindowState* state = StateOf(window)) state->refreshCycle.OnRefreshMessage(wParam);
+        if (MainWindowState* state = StateOf(window)) OnUserMessage(*state, wParam);
+        return TRUE;
+    case WM_USER + 1:
+        if (MainWindowState* state = StateOf(window)) state->propertiesWindows.Remove(reinterpret_cast<HWND>(wParam));
         return TRUE;
     case WM_DESTROY:
         OnDestroy(window);

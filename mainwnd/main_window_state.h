@@ -7,6 +7,7 @@
 #include "app/lmvx.h"
 #include "common/unique_resource.h"
 #include "mainwnd/main_window_layout.h"
+#include "mainwnd/properties_windows.h"
 #include "perf/perf_displays.h"
 #include "perf/toolbar.h"
 #include "proclist/process_list_view.h"
@@ -38,6 +39,7 @@ struct MainWindowState {
     std::atomic<unsigned> selectedPidOfRefresh{0xFFFFFFFFu};
     // The pause button's text as last written, so an unchanged one costs no message.
     std::atomic<UINT> pauseButtonTextId{0};
+    OpenPropertiesWindows propertiesWindows;
 };
 
 }  // namespace lmvx

@@ -6,6 +6,7 @@
 #include "command_ids.h"
 #include "dialog_ids.h"
 #include "pages_ids.h"
+#include "props_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"

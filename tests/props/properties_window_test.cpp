@@ -1,0 +1,115 @@
+// The process properties window opened from the real main window: its tree, page switching, the exit
+// notice, and its end together with the main window.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <commctrl.h>
+
+#include <memory>
+
+#include "app/lmvx.h"
+#include "child_process.h"
+#include "hosted_main_window.h"
+#include "mainwnd/main_window_state.h"
+#include "properties_window_driver.h"
+#include "resource.h"
+#include "window_texts.h"
+
+namespace {
+
+using lmvx_test::ChildProcess;
+using lmvx_test::PumpUntil;
+using props_test::PropertiesFramesOf;
+
+constexpr DWORD kLimitMs = 20000;
+
+class PropertiesWindowTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { program_ = std::make_unique<mainwnd_test::ScopedHostedProgram>(L"LumivexPropsTest"); }
+    static void TearDownTestSuite() { program_.reset(); }
+
+    void SetUp() override {
+        main_ = std::make_unique<mainwnd_test::HostedMainWindow>();
+        ASSERT_TRUE(child_.Started());
+        ASSERT_TRUE(main_->SelectProcess(child_.Pid(), kLimitMs));
+    }
+
+    // Sends the properties command as the menus do and waits for one more window for the child.
+    HWND OpenProperties() {
+        const size_t before = PropertiesFramesOf(child_.Pid()).size();
+        SendMessageW(main_->Get(), WM_COMMAND, IDM_PROPERTIES, 0);
+        std::vector<HWND> frames;
+        if (!PumpUntil([&] { return (frames = PropertiesFramesOf(child_.Pid())).size() > before; }, kLimitMs)) {
+            return nullptr;
+        }
+        HWND frame = frames.back();
+        // Built completely once the timer runs: the tree is filled before it starts.
+        PumpUntil([&] { return TreeView_GetCount(GetDlgItem(frame, IDC_PROPERTIES_TREE)) > 0; }, kLimitMs);
+        return frame;
+    }
+
+    size_t RegisteredWindows() const {
+        auto* state = reinterpret_cast<lmvx::MainWindowState*>(GetWindowLongPtrW(main_->Get(), GWLP_USERDATA));
+        return state ? state->propertiesWindows.Count() : 0;
+    }
+
+    static std::unique_ptr<mainwnd_test::ScopedHostedProgram> program_;
+    ChildProcess child_{L"sleep 120000"};
+    std::unique_ptr<mainwnd_test::HostedMainWindow> main_;
+};
+
+std::unique_ptr<mainwnd_test::ScopedHostedProgram> PropertiesWindowTest::program_;
+
+TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelectedOne) {
+    HWND frame = OpenProperties();
+    ASSERT_NE(frame, nullptr);
+    EXPECT_TRUE(PumpUntil([&] { return IsWindowEnabled(main_->Get()) != FALSE; }, kLimitMs));
+    EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 1; }, kLimitMs));
+    EXPECT_NE(lmvx_test::WindowText(frame).find(L"lmvx_test_child.exe"), std::wstring::npos);
+
+    HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
+    const auto items = props_test::ReadPageTree(tree);
+    ASSERT_FALSE(items.empty());
+    EXPECT_EQ(items[0].text, L"lmvx_test_child.exe");
+    EXPECT_EQ(items[0].page, nullptr);
+    for (size_t i = 1; i < items.size(); ++i) {
+        EXPECT_GT(items[i].image, items[i - 1].image) << "tree positions ascend";
+        EXPECT_EQ(GetParent(items[i].page), frame);
+        TreeView_SelectItem(tree, items[i].item);
+        const auto visible = props_test::VisiblePages(frame);
+        ASSERT_EQ(visible.size(), 1u) << "item " << i;
+        EXPECT_EQ(visible[0], items[i].page);
+    }
+    if (items.size() > 1) {
+        TreeView_SelectItem(tree, items[0].item);   // the root holds no page: the last one stays
+        EXPECT_EQ(props_test::VisiblePages(frame), std::vector<HWND>{items.back().page});
+    }
+}
+
+TEST_F(PropertiesWindowTest, TellsTheExitCodeOnceTheProcessHasEnded) {
+    HWND frame = OpenProperties();
+    ASSERT_NE(frame, nullptr);
+    HWND notice = GetDlgItem(frame, IDC_PROPERTIES_EXIT_TEXT);
+    EXPECT_FALSE(IsWindowVisible(notice));
+    TerminateProcess(child_.Handle(), 0xC0000005);
+    ASSERT_TRUE(PumpUntil([&] { return IsWindowVisible(notice) != FALSE; }, kLimitMs));
+    EXPECT_EQ(lmvx_test::WindowText(notice), L"The process has exited with code -1073741819 (0xC0000005).");
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(frame, IDC_PROPERTIES_EXIT_ICON)));
+}
+
+TEST_F(PropertiesWindowTest, EndsEveryOpenWindowAndItsThreadWithTheMainWindow) {
+    std::vector<HANDLE> threads;
+    for (int i = 0; i < 3; ++i) {   // two of them for the same process
+        HWND frame = OpenProperties();
+        ASSERT_NE(frame, nullptr);
+        threads.push_back(OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(frame, nullptr)));
+    }
+    EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 3; }, kLimitMs));
+    main_.reset();
+    EXPECT_TRUE(PropertiesFramesOf(child_.Pid()).empty());
+    for (HANDLE thread : threads) {
+        EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }, kLimitMs));
+        CloseHandle(thread);
+    }
+}
+
+}  // namespace
