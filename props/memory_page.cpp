@@ -1,7 +1,6 @@
 // The Memory page: working set, page-file usage and private bytes with peaks and rates of change, the
 // handle, GDI and USER object counts, and the process's memory history. Polls the program's process list
 // every 100 ms and writes a field only when its text changes.
-#include "app/shared_icons.h"
 #include "kestrel.h"
 #include "props/page_common.h"
 #include "props/polling_page.h"
@@ -41,16 +40,12 @@ void UpdateFields(HWND page, const kestrel::TL_PROCESSLIST& list, int item) {
 INT_PTR OnInitDialog(HWND page, LPARAM initParam) {
     ProcessPropertiesContext* context = KeepPageContext(page, initParam);
     if (!context || !context->processList) return EndPageWithMessage(page, IDS_UNEXPECTED_ERROR, MB_ICONERROR);
-    SetBoldTitle(page);
-    for (int id : {IDC_MEMORY_USAGE_SECTION, IDC_MEMORY_RESOURCES_SECTION, IDC_MEMORY_PHYSICAL, IDC_MEMORY_PAGED,
-                   IDC_MEMORY_PRIVATE, IDC_MEMORY_HANDLES, IDC_MEMORY_GDI_OBJECTS, IDC_MEMORY_USER_OBJECTS})
-        wren::Embold(page, id);
+    SetUpPollingPage(page,
+                     {IDC_MEMORY_USAGE_SECTION, IDC_MEMORY_RESOURCES_SECTION, IDC_MEMORY_PHYSICAL, IDC_MEMORY_PAGED,
+                      IDC_MEMORY_PRIVATE, IDC_MEMORY_HANDLES, IDC_MEMORY_GDI_OBJECTS, IDC_MEMORY_USER_OBJECTS},
+                     IDC_MEMORY_RESOURCES_ICON);
     if (context->processList->GetItemByPID(context->pid) < 0)
         return EndPageWithMessage(page, IDS_PROCESS_GONE, MB_ICONWARNING);
-    SendDlgItemMessageW(page, IDC_PAGES_SECTION_ICON_1, STM_SETICON,
-                        reinterpret_cast<WPARAM>(SharedIconById(IDI_PERFORMANCE).small), 0);
-    SendDlgItemMessageW(page, IDC_MEMORY_RESOURCES_ICON, STM_SETICON,
-                        reinterpret_cast<WPARAM>(SharedIconById(IDI_MEMORY).small), 0);
     StartPolling(page);
     return TRUE;
 }

@@ -4,7 +4,6 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include "app/shared_icons.h"
 #include "kestrel.h"
 #include "props/page_common.h"
 #include "props/polling_page.h"
@@ -76,15 +75,10 @@ void UpdateFields(HWND page, const kestrel::TL_PROCESSLIST& list, int item) {
 INT_PTR OnInitDialog(HWND page, LPARAM initParam) {
     ProcessPropertiesContext* context = KeepPageContext(page, initParam);
     if (!context || !context->processList) return EndPageWithMessage(page, IDS_UNEXPECTED_ERROR, MB_ICONERROR);
-    SetBoldTitle(page);
-    for (int id : {IDC_PERF_CPU_SECTION, IDC_PERF_CPU_USAGE, IDC_PERF_PRIORITY, IDC_PERF_TOTAL_TIME,
-                   IDC_PERF_IO_SECTION, IDC_PERF_WRITE_OPERATIONS, IDC_PERF_READ_OPERATIONS,
-                   IDC_PERF_OTHER_OPERATIONS, IDC_PERF_PAGEFAULTS})
-        wren::Embold(page, id);
-    SendDlgItemMessageW(page, IDC_PAGES_SECTION_ICON_1, STM_SETICON,
-                        reinterpret_cast<WPARAM>(SharedIconById(IDI_PERFORMANCE).small), 0);
-    SendDlgItemMessageW(page, IDC_PERF_IO_ICON, STM_SETICON, reinterpret_cast<WPARAM>(SharedIconById(IDI_MEMORY).small),
-                        0);
+    SetUpPollingPage(page,
+                     {IDC_PERF_CPU_SECTION, IDC_PERF_CPU_USAGE, IDC_PERF_PRIORITY, IDC_PERF_TOTAL_TIME, IDC_PERF_IO_SECTION,
+                      IDC_PERF_WRITE_OPERATIONS, IDC_PERF_READ_OPERATIONS, IDC_PERF_OTHER_OPERATIONS, IDC_PERF_PAGEFAULTS},
+                     IDC_PERF_IO_ICON);
     StartPolling(page);
     return TRUE;
 }

@@ -1,5 +1,6 @@
 #include "props/polling_page.h"
 
+#include "app/shared_icons.h"
 #include "props/page_common.h"
 #include "props/properties_context.h"
 #include "resource.h"
@@ -53,6 +54,14 @@ void OnPoll(HWND page, const PollingPage& kind) {
 }
 
 }  // namespace
+
+void SetUpPollingPage(HWND page, std::initializer_list<int> boldIds, int secondIconId) {
+    SetBoldTitle(page);
+    for (int id : boldIds) wren::Embold(page, id);
+    SendDlgItemMessageW(page, IDC_PAGES_SECTION_ICON_1, STM_SETICON,
+                        reinterpret_cast<WPARAM>(SharedIconById(IDI_PERFORMANCE).small), 0);
+    SendDlgItemMessageW(page, secondIconId, STM_SETICON, reinterpret_cast<WPARAM>(SharedIconById(IDI_MEMORY).small), 0);
+}
 
 void StartPolling(HWND page) { SetTimer(page, IDT_PAGE_POLL, 0, nullptr); }
 

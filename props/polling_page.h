@@ -4,6 +4,8 @@
 #pragma once
 #include <windows.h>
 
+#include <initializer_list>
+
 #include "kestrel.h"
 
 namespace lmvx {
@@ -16,6 +18,10 @@ struct PollingPage {
     // Writes the fields of the process at item (compare-then-set).
     void (*update)(HWND page, const kestrel::TL_PROCESSLIST& list, int item);
 };
+
+// Bold title and bold fields, and the two section icons: CPU for the first section, memory for the second
+// (secondIconId).
+void SetUpPollingPage(HWND page, std::initializer_list<int> boldIds, int secondIconId);
 
 // Starts the poll; the first update comes at once.
 void StartPolling(HWND page);
