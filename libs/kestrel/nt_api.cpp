@@ -21,3 +21,14 @@ QueryInformationProcessFn QueryInformationProcess() {
 }
 
 }  // namespace kestrel::nt
+
+#include "handle_nt_api.h"
+
+namespace kestrel::nt {
+
+QueryObjectFn QueryObject() {
+    static const auto function = reinterpret_cast<QueryObjectFn>(NtdllProcedure("NtQueryObject"));
+    return function;
+}
+
+}  // namespace kestrel::nt

@@ -124,6 +124,8 @@ constexpr VerbEntry VerbTable[] = {
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
     {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
+    {L"hold", HoldVerb, L"hold <file> <report> <other pid>"},
+    {L"many", ManyHandlesVerb, L"many <count> <report>"},
 };
 
 }  // namespace

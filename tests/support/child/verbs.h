@@ -17,6 +17,10 @@ struct VerbEntry {
 
 std::span<const VerbEntry> Verbs();
 
+// Handle-holding verbs (handle_verbs.cpp).
+int HoldVerb(Arguments arguments);
+int ManyHandlesVerb(Arguments arguments);
+
 constexpr int ExitUsage = 2;
 constexpr int ExitFailed = 3;
 
