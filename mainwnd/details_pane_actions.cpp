@@ -1,6 +1,7 @@
 #include "mainwnd/details_pane_actions.h"
 
 #include "app/lmvx.h"
+#include "kobj/kernel_objects_dialog.h"
 #include "mainwnd/owner_button.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
@@ -23,6 +24,7 @@ void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
 
 int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
 int IsSuspended(unsigned pid) { return kestrel::PRM_IsProcessSuspended(pid); }
+void OpenKernelObjects(unsigned pid, HWND owner) { kobj::ShowHandleListDialog(pid, owner, OpenInShell); }
 
 }  // namespace
 
@@ -40,6 +42,7 @@ PaneActions ProgramPaneActions() {
     actions.priorityName = PriorityClassName;
     actions.drawOwnerButton = DrawOwnerButton;
     actions.historyGraph = kestrel::GetProcessHistoryGraph;
+    actions.openKernelObjects = OpenKernelObjects;
     return actions;
 }
 

@@ -1,5 +1,7 @@
 #include "mainwnd/properties_pages.h"
 
+#include "kobj/files_page.h"
+#include "kobj/handles_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -15,8 +17,8 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_PERFORMANCE, {IDS_PAGE_PERFORMANCE}, 3, Always, nullptr, &Ctx::performancePage},
     {IDD_PAGE_MEMORY, {IDS_PAGE_MEMORY}, 4, Always, nullptr, &Ctx::memoryPage},
     {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, nullptr, &Ctx::modulesPage},
-    {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
-    {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
+    {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, kobj::HandlesPageProc, &Ctx::handlesPage},
+    {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, kobj::FilesPageProc, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, nullptr, &Ctx::networkPage},
     {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, nullptr, &Ctx::threadsPage},
