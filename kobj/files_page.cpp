@@ -28,17 +28,18 @@ void Refresh(HWND page, ProcessPropertiesContext& context) {
     handles.QueryHandlesProcess(context.pid);
     HWND list = PageList(page);
     SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+    const auto listed = RowsByValue(list);   // rows go in at the end, so these positions stay right
     std::unordered_set<unsigned> present;
     int inserted = 0;
     for (unsigned i = 0; i < handles.GetHandleCount(); ++i) {
         const kestrel::_HANDLEOBJECT* handle = handles.GetHandlePtr(i);
         const unsigned value = HandleKey(handle->GetRemoteHandle());
         const wchar_t* path = handle->GetObjectPrintStr();
-        present.insert(value);
-        const int row = FindRowByValue(list, value);
-        if (row >= 0) {
+        if (!present.insert(value).second) continue;
+        const auto row = listed.find(value);
+        if (row != listed.end()) {
             // A file renamed while open keeps its row and shows its new path.
-            if (RowText(list, row, 0) != path) wren::ListViewSetItemText(list, row, 0, path);
+            if (RowText(list, row->second, 0) != path) wren::ListViewSetItemText(list, row->second, 0, path);
         } else if (handle->IsDosFile()) {
             const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
             InsertRow(list, count, value, SystemIconIndex(path), path);
@@ -104,7 +105,7 @@ void OnShellProperties(HWND page) {
     ShellExecuteExW(&execute);
 }
 
-void OnCommand(HWND page, const ProcessPropertiesContext& context, WORD command) {
+void OnCommand(HWND page, ProcessPropertiesContext& context, WORD command) {
     switch (command) {
     case IDM_HANDLE_COPY_NAME_PAGE:
         CopyThroughEdit(GetDlgItem(page, IDC_HPAGE_CLIPBOARD), SelectedPath(page).c_str());
@@ -130,21 +131,7 @@ void ShowMenu(HWND page) {
     ShowPageMenu(page, items);
 }
 
-void OnNotify(HWND page, const NMHDR& header) {
-    if (header.idFrom != IDC_HPAGE_LIST) return;
-    const int row = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem;
-    if (header.code == NM_RCLICK && row >= 0) ShowMenu(page);
-    if (header.code == NM_DBLCLK && row >= 0) PostMessageW(page, WM_COMMAND, IDM_HANDLE_PROPERTIES, 0);
-}
-
-void OnTimer(HWND page, ProcessPropertiesContext& context, UINT_PTR timer) {
-    KillTimer(page, timer);
-    if (timer != IDT_HANDLES_REFRESH) return;
-    if (IsWindowVisible(page)) Refresh(page, context);
-    ArmPageRefreshTimer(page, context);
-}
-
-BOOL OnInitDialog(HWND page, ProcessPropertiesContext* context) {
+void SetUp(HWND page, ProcessPropertiesContext& context) {
     const unsigned columns[] = {IDS_COLUMN_PATH_NAME};
     const int widths[] = {70};
     SetUpHandlePage(page, context, &ProcessPropertiesContext::filesPage, columns, widths, 1);
@@ -155,25 +142,14 @@ BOOL OnInitDialog(HWND page, ProcessPropertiesContext* context) {
     const auto systemImages = reinterpret_cast<HIMAGELIST>(
         SHGetFileInfoW(L"C:\\", 0, &info, sizeof info, SHGFI_SYSICONINDEX | SHGFI_SMALLICON));
     SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(systemImages));
-    ArmPageRefreshTimer(page, *context);
-    return TRUE;
 }
+
+constexpr PageBehaviour kFilesPage = {SetUp, Refresh, OnCommand, ShowMenu};
 
 }  // namespace
 
 INT_PTR CALLBACK FilesPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) return OnInitDialog(page, reinterpret_cast<ProcessPropertiesContext*>(lParam));
-    ProcessPropertiesContext* context = PageContext(page);
-    if (!context) return FALSE;
-    switch (message) {
-    case WM_SHOWWINDOW:
-        if (wParam) Refresh(page, *context);
-        return FALSE;
-    case WM_TIMER: OnTimer(page, *context, wParam); return TRUE;
-    case WM_COMMAND: OnCommand(page, *context, LOWORD(wParam)); return TRUE;
-    case WM_NOTIFY: OnNotify(page, *reinterpret_cast<const NMHDR*>(lParam)); return TRUE;
-    default: return FALSE;
-    }
+    return HandlePageMessage(kFilesPage, page, message, wParam, lParam);
 }
 
 }  // namespace lmvx::kobj

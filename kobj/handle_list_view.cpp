@@ -8,11 +8,11 @@
 
 namespace lmvx::kobj {
 
-int FindRowByValue(HWND list, unsigned value) {
-    LVFINDINFOW find{};
-    find.flags = LVFI_PARAM;
-    find.lParam = static_cast<LPARAM>(value);
-    return static_cast<int>(SendMessageW(list, LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&find)));
+std::unordered_map<unsigned, int> RowsByValue(HWND list) {
+    std::unordered_map<unsigned, int> rows;
+    const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < count; ++row) rows.emplace(RowValue(list, row), row);
+    return rows;
 }
 
 unsigned RowValue(HWND list, int row) {

@@ -5,13 +5,15 @@
 #include <commctrl.h>
 
 #include <string>
+#include <unordered_map>
 
 #include "kobj/list_passes.h"
 
 namespace lmvx::kobj {
 
-// The row whose item parameter is value, searched from the start; -1 when none.
-int FindRowByValue(HWND list, unsigned value);
+// Every row by its handle value, read in one pass: a refresh of thousands of handles looks rows up with it
+// instead of searching the list once per handle.
+std::unordered_map<unsigned, int> RowsByValue(HWND list);
 unsigned RowValue(HWND list, int row);
 // The text of a cell, at most 255 characters.
 std::wstring RowText(HWND list, int row, int column);

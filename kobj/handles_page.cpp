@@ -26,6 +26,7 @@ void Refresh(HWND page, ProcessPropertiesContext& context) {
     handles.QueryHandlesProcess(context.pid);
     HWND list = PageList(page);
     SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+    const auto listed = RowsByValue(list);
     std::unordered_set<unsigned> listable;   // handles that may stay listed
     int inserted = 0;
     for (unsigned i = 0; i < handles.GetHandleCount(); ++i) {
@@ -33,8 +34,7 @@ void Refresh(HWND page, ProcessPropertiesContext& context) {
         const unsigned value = HandleKey(handle->GetRemoteHandle());
         const wchar_t* print = handle->GetObjectPrintStr();
         if (!showUnnamed && !*print) continue;
-        listable.insert(value);
-        if (FindRowByValue(list, value) >= 0) continue;
+        if (!listable.insert(value).second || listed.contains(value)) continue;
         const wchar_t* type = handle->GetObjectTypeStr();
         const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
         const int row = InsertRow(list, count, value, HandleTypeImageIndex(type),
@@ -107,45 +107,19 @@ void OnCommand(HWND page, ProcessPropertiesContext& context, WORD command) {
     }
 }
 
-void OnNotify(HWND page, const NMHDR& header) {
-    if (header.idFrom != IDC_HPAGE_LIST) return;
-    const int row = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem;
-    if (header.code == NM_RCLICK && row >= 0) ShowMenu(page);
-    if (header.code == NM_DBLCLK && row >= 0) PostMessageW(page, WM_COMMAND, IDM_HANDLE_PROPERTIES, 0);
-}
-
-void OnTimer(HWND page, ProcessPropertiesContext& context, UINT_PTR timer) {
-    if (timer != IDT_HANDLES_REFRESH) return;
-    KillTimer(page, timer);
-    // A hidden page is not queried: a process with thousands of handles would cost every tick for nothing.
-    if (IsWindowVisible(page)) Refresh(page, context);
-    ArmPageRefreshTimer(page, context);
-}
-
-BOOL OnInitDialog(HWND page, ProcessPropertiesContext* context) {
+void SetUp(HWND page, ProcessPropertiesContext& context) {
     const unsigned columns[] = {IDS_COLUMN_TYPE, IDS_COLUMN_NAME};
     const int widths[] = {110, 70};
     SetUpHandlePage(page, context, &ProcessPropertiesContext::handlesPage, columns, widths, 2);
     SendMessageW(PageList(page), LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(CreateHandleTypeImageList()));
-    ArmPageRefreshTimer(page, *context);
-    return TRUE;
 }
+
+constexpr PageBehaviour kHandlesPage = {SetUp, Refresh, OnCommand, ShowMenu};
 
 }  // namespace
 
 INT_PTR CALLBACK HandlesPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) return OnInitDialog(page, reinterpret_cast<ProcessPropertiesContext*>(lParam));
-    ProcessPropertiesContext* context = PageContext(page);
-    if (!context) return FALSE;
-    switch (message) {
-    case WM_SHOWWINDOW:
-        if (wParam) Refresh(page, *context);
-        return FALSE;
-    case WM_TIMER: OnTimer(page, *context, wParam); return TRUE;
-    case WM_COMMAND: OnCommand(page, *context, LOWORD(wParam)); return TRUE;
-    case WM_NOTIFY: OnNotify(page, *reinterpret_cast<const NMHDR*>(lParam)); return TRUE;
-    default: return FALSE;
-    }
+    return HandlePageMessage(kHandlesPage, page, message, wParam, lParam);
 }
 
 }  // namespace lmvx::kobj

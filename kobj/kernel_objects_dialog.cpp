@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "app/shared_icons.h"
+#include "common/dialog_thread.h"
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "kobj/handle_list_view.h"
@@ -31,12 +32,12 @@ std::wstring Format(const wchar_t* format, unsigned long value) {
 void FillList(KernelObjectsContext& context) {
     HWND list = ListOf(context.dialog);
     const kestrel::_HANDLELIST& handles = context.list;
+    const auto listed = RowsByValue(list);   // positions go stale as rows go in at the top; presence does not
     std::unordered_set<unsigned> present;
     for (unsigned i = 0; i < handles.GetHandleCount(); ++i) {
         const kestrel::_HANDLEOBJECT* handle = handles.GetHandlePtr(i);
         const unsigned value = HandleKey(handle->GetRemoteHandle());
-        present.insert(value);
-        if (FindRowByValue(list, value) >= 0) continue;
+        if (!present.insert(value).second || listed.contains(value)) continue;
         const wchar_t* type = handle->GetObjectTypeStr();
         const int row = InsertRow(list, 0, value, HandleTypeImageIndex(type),
                                   *type ? type : UIL_LangModule.GetLangString(IDS_UNKNOWN));
@@ -224,16 +225,7 @@ int ShowHandleListDialog(unsigned processId, HWND owner, OpenFolderFn openFolder
     context->owner = owner;
     context->processId = processId;
     context->openFolder = openFolder;
-    UniqueHandle thread(CreateThread(nullptr, 0, DialogThread, context.get(), 0, nullptr));
-    if (!thread) return 1;
-    HANDLE waitFor = thread.Get();
-    while (MsgWaitForMultipleObjects(1, &waitFor, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
+    RunDialogThread(DialogThread, context.get());
     return 1;
 }
 

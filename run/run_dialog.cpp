@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "common/dialog_thread.h"
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "resource.h"
@@ -93,7 +94,7 @@ void OnCommand(HWND dialog, WORD command) {
     }
 }
 
-DWORD WINAPI RunDialogThread(void* parameter) {
+DWORD WINAPI ShowRunDialogThread(void* parameter) {
     auto* context = static_cast<RunContext*>(parameter);
     UIL_LangModule.ShowDialogParam(IDD_RUN, context->owner, RunDialogProc, reinterpret_cast<LPARAM>(context));
     return 0;
@@ -111,16 +112,7 @@ INT_PTR CALLBACK RunDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 void OpenRunDialog(HWND owner) {
     RunContext context{owner, nullptr};
-    UniqueHandle thread(CreateThread(nullptr, 0, RunDialogThread, &context, 0, nullptr));
-    if (!thread) return;
-    HANDLE waitFor = thread.Get();
-    while (MsgWaitForMultipleObjects(1, &waitFor, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
+    lmvx::RunDialogThread(ShowRunDialogThread, &context);
 }
 
 }  // namespace lmvx

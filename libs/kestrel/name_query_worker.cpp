@@ -24,7 +24,7 @@ struct NameQueryJob {
 
 namespace {
 
-void RunWorker(std::shared_ptr<NameQueryJob> job) {
+void RunWorker(std::shared_ptr<NameQueryJob> job, NameQueryFn query) {
     std::unique_lock lock(job->mutex);
     for (;;) {
         job->changed.wait(lock, [&] { return job->pending || job->stop; });
@@ -32,7 +32,7 @@ void RunWorker(std::shared_ptr<NameQueryJob> job) {
         HANDLE object = job->object;
         lock.unlock();
         std::wstring name;
-        const bool found = QueryObjectName(object, name);
+        const bool found = query(object, name);
         CloseHandle(object);
         lock.lock();
         job->object = nullptr;
@@ -78,7 +78,7 @@ NameQueryWorker::Outcome NameQueryWorker::Query(HANDLE object, DWORD timeoutMs, 
                                                 std::shared_ptr<NameQueryJob>& stuck) {
     if (!job_) {
         job_ = std::make_shared<NameQueryJob>();
-        thread_ = std::thread(RunWorker, job_);
+        thread_ = std::thread(RunWorker, job_, query_);
     }
     std::unique_lock lock(job_->mutex);
     job_->object = object;

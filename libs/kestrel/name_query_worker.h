@@ -19,9 +19,12 @@ bool QueryObjectName(HANDLE object, std::wstring& name);
 // True once an abandoned query has returned (its handle is then no longer held up).
 bool QueryFinished(NameQueryJob& job);
 
+using NameQueryFn = bool (*)(HANDLE object, std::wstring& name);
+
 class NameQueryWorker {
 public:
-    NameQueryWorker() = default;
+    // query: how a name is asked (tests hand in one that blocks).
+    explicit NameQueryWorker(NameQueryFn query = QueryObjectName) : query_(query) {}
     ~NameQueryWorker();
     NameQueryWorker(const NameQueryWorker&) = delete;
     NameQueryWorker& operator=(const NameQueryWorker&) = delete;
@@ -34,6 +37,7 @@ public:
 private:
     void Stop();
 
+    NameQueryFn query_;
     std::shared_ptr<NameQueryJob> job_;
     std::thread thread_;
 };
