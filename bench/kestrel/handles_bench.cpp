@@ -1,49 +1,26 @@
 // Measures _HANDLELIST::QueryHandlesProcess for a child holding 10,000 handles against one bare
 // NtQuerySystemInformation (SystemExtendedHandleInformation) call, and prints the times and their ratio.
+#include "bench_support.h"
 #include "child_process.h"
 #include "kestrel.h"
 
-#include <winternl.h>
-
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 namespace {
 
+using namespace kestrel_bench;
+
 constexpr int Rounds = 15;
 constexpr ULONG SystemExtendedHandleInformationClass = 64;
-constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
 
-using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
-using Clock = std::chrono::steady_clock;
-
-double MillisecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> samples) {
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
-
-NTSTATUS QueryHandles(QuerySystemInformationFn query, std::vector<unsigned char>& buffer) {
-    for (;;) {
-        ULONG needed = 0;
-        const NTSTATUS status =
-            query(SystemExtendedHandleInformationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
-        if (status != StatusInfoLengthMismatch) return status;
-        buffer.resize(std::max<size_t>(needed + needed / 4, buffer.size() * 2));
-    }
-}
+double MillisecondsSince(Clock::time_point start) { return MicrosecondsSince(start) / 1000.0; }
 
 }  // namespace
 
 int wmain() {
-    const auto query = reinterpret_cast<QuerySystemInformationFn>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+    const auto query = SystemInformationQuery();
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
     const std::wstring report = std::wstring(folder) + L"handles_bench_" + std::to_wstring(GetCurrentProcessId());
@@ -66,7 +43,7 @@ int wmain() {
     std::vector<double> listed;
     for (int round = 0; round < Rounds; ++round) {
         const auto bareStart = Clock::now();
-        QueryHandles(query, buffer);
+        QuerySystem(query, SystemExtendedHandleInformationClass, buffer);
         bare.push_back(MillisecondsSince(bareStart));
         const auto listStart = Clock::now();
         list.QueryHandlesProcess(child.Pid());

@@ -1,53 +1,26 @@
 // Measures TL_PROCESSLIST::Update() at steady state against a bare NtQuerySystemInformation
 // (SystemProcessInformation) call on the same machine, with at least 150 processes running, and prints
 // the raw times and their ratio. Starts idle children to reach the count and ends them at the end.
+#include "bench_support.h"
 #include "child_process.h"
 #include "kestrel.h"
 
-#include <winternl.h>
-
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <vector>
 
 namespace {
 
+using namespace kestrel_bench;
+
 constexpr int WantedProcesses = 150;
 constexpr int Rounds = 200;
 constexpr ULONG SystemProcessInformationClass = 5;
-constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
-
-using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
-
-using Clock = std::chrono::steady_clock;
-
-double MicrosecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-}
-
-// The median of the samples: robust against the odd scheduling hiccup.
-double Median(std::vector<double> samples) {
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
-
-// One bare query into a buffer that is already large enough, as a tool that keeps its buffer does.
-NTSTATUS QueryProcesses(QuerySystemInformationFn query, std::vector<unsigned char>& buffer) {
-    for (;;) {
-        ULONG needed = 0;
-        const NTSTATUS status = query(SystemProcessInformationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
-        if (status != StatusInfoLengthMismatch) return status;
-        buffer.resize(std::max<size_t>(needed + needed / 4, buffer.size() * 2));
-    }
-}
 
 }  // namespace
 
 int wmain() {
-    const auto query = reinterpret_cast<QuerySystemInformationFn>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+    const auto query = SystemInformationQuery();
     kestrel::TL_PROCESSLIST list;
     if (!query || !list.Init()) {
         std::fputws(L"cannot query processes\n", stderr);
@@ -71,7 +44,7 @@ int wmain() {
     std::vector<double> update;
     for (int round = 0; round < Rounds; ++round) {
         const auto bareStart = Clock::now();
-        QueryProcesses(query, buffer);
+        QuerySystem(query, SystemProcessInformationClass, buffer);
         bare.push_back(MicrosecondsSince(bareStart));
         const auto updateStart = Clock::now();
         list.Update();

@@ -69,10 +69,15 @@ void SelectRow(HWND list, unsigned value) {
     ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
-// A top-level dialog of this process with exactly this caption.
-HWND WaitForDialog(const std::wstring& caption) {
+// A top-level dialog whose caption starts with the text (or is the text).
+HWND WaitForDialog(const std::wstring& captionStart) {
     HWND found = nullptr;
-    PollUntil([&] { return (found = FindWindowW(L"#32770", caption.c_str())) != nullptr; }, kLimitMs);
+    PollUntil([&] {
+        while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
+            if (lmvx_test::WindowText(found).starts_with(captionStart)) return true;
+        }
+        return false;
+    }, kLimitMs);
     return found;
 }
 
@@ -209,6 +214,21 @@ TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOn
     EXPECT_TRUE(std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.name.empty(); }));
     SendMessageW(host.page, WM_COMMAND, IDM_SHOW_UNNAMED_HANDLES, 0);
     EXPECT_EQ(ReadRows(host.List(), 1).size(), named);
+
+    // Properties of the event: its name in the caption, its type in the sheet.
+    SelectRow(host.List(), static_cast<unsigned>(child.Value(L"event")));
+    std::wstring caption, type;
+    std::thread watcher([&] {
+        if (HWND sheet = WaitForDialog(L"Properties of ")) {
+            caption = lmvx_test::WindowText(sheet);
+            type = lmvx_test::WindowText(GetDlgItem(sheet, IDC_HPROP_TYPE));
+            PostMessageW(sheet, WM_COMMAND, IDOK, 0);
+        }
+    });
+    SendMessageW(host.page, WM_COMMAND, IDM_HANDLE_PROPERTIES, 0);
+    watcher.join();
+    EXPECT_TRUE(caption.ends_with(L"lmvx_test_event_" + std::to_wstring(child.Pid()))) << caption;
+    EXPECT_EQ(type, L"Event");
 
     // "No" leaves the handle open; "Yes" closes it in the child.
     SelectRow(host.List(), static_cast<unsigned>(child.Value(L"file")));
