@@ -4,6 +4,7 @@
 #include "app/shared_icons.h"
 #include "mainwnd/main_window.h"
 #include "common/owner_button.h"
+#include "kobj/kernel_objects_dialog.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
 #include "mainwnd/process_menu_items.h"
@@ -28,6 +29,7 @@ void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
 
 int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
 int IsSuspended(unsigned pid) { return kestrel::PRM_IsProcessSuspended(pid); }
+void OpenKernelObjects(unsigned pid, HWND owner) { kobj::ShowHandleListDialog(pid, owner, OpenInShell); }
 
 // A record per dialog: the pane keeps dispatching while one is open, so a second one may open beside it.
 void OpenNetworkEndpoints(unsigned pid, HWND owner) {
@@ -56,6 +58,7 @@ PaneActions ProgramPaneActions() {
     actions.drawOwnerButton = DrawOwnerButton;
     actions.historyGraph = kestrel::GetProcessHistoryGraph;
     actions.openProperties = OpenPropertiesWindow;
+    actions.openKernelObjects = OpenKernelObjects;
     return actions;
 }
 

@@ -9,6 +9,8 @@
 #include "net/network_page.h"
 #include "props/modules_page.h"
 #include "props/threads_page.h"
+#include "kobj/files_page.h"
+#include "kobj/handles_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -24,8 +26,8 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_PERFORMANCE, {IDS_PAGE_PERFORMANCE}, 3, Always, PerformancePageProc, &Ctx::performancePage},
     {IDD_PAGE_MEMORY, {IDS_PAGE_MEMORY}, 4, Always, MemoryPageProc, &Ctx::memoryPage},
     {IDD_PAGE_MODULES, {IDS_PAGE_MODULES}, 9, ModuleSnapshot, ModulesPageProc, &Ctx::modulesPage},
-    {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
-    {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
+    {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, kobj::HandlesPageProc, &Ctx::handlesPage},
+    {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, kobj::FilesPageProc, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, net::NetworkPageProc, &Ctx::networkPage},
     {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, ThreadsPageProc, &Ctx::threadsPage},

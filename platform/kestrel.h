@@ -394,3 +394,69 @@ private:
 };
 
 }  // namespace kestrel
+
+// ---- Handles of a process ----
+// The handle table of one process, read on demand: each entry has the object's type, its name and a display
+// form of the name (a DOS path for files on a drive). Name queries that could block (file objects, where a
+// pending synchronous read holds the object) run on a worker with a short time-out: such a handle is listed
+// without a name rather than stalling the caller.
+namespace kestrel {
+
+namespace detail {
+struct HandleObjectData;
+struct HandleListState;
+}
+
+// One handle of a remote process. Copies are independent; the list's own entries live until its next query.
+class _HANDLEOBJECT {
+public:
+    KESTREL_API _HANDLEOBJECT();
+    KESTREL_API ~_HANDLEOBJECT();
+    KESTREL_API _HANDLEOBJECT(const _HANDLEOBJECT& other);
+    KESTREL_API _HANDLEOBJECT& operator=(const _HANDLEOBJECT& other);
+
+    KESTREL_API void* GetRemoteHandle() const;            // the handle value inside the remote process
+    KESTREL_API const wchar_t* GetObjectTypeStr() const;  // "File", "Process", ...; "" when unknown
+    KESTREL_API const wchar_t* GetObjectName() const;     // native name; "" when unnamed
+    KESTREL_API const wchar_t* GetObjectPrintStr() const; // display name: DOS path of a file; "" when unnamed
+    KESTREL_API unsigned long GetReferenceCount() const;
+    KESTREL_API unsigned long GetDesiredAccess() const;   // granted access mask
+    KESTREL_API unsigned long GetPagedPoolQuota() const;
+    KESTREL_API unsigned long GetNonPagedPoolQuota() const;
+    // Non-zero for a file or folder on a drive (the display name is then a DOS path such as C:\dir\file).
+    KESTREL_API int IsDosFile() const;
+    // Closes the handle inside the remote process; non-zero when it was closed.
+    KESTREL_API int CloseRemoteHandle() const;
+
+    detail::HandleObjectData* Data() const { return data_; }
+
+private:
+    detail::HandleObjectData* data_;
+};
+
+class _HANDLELIST {
+public:
+    constexpr _HANDLELIST() noexcept = default;
+    // Inline so that a list that was never initialised does not load the library to be destroyed.
+    ~_HANDLELIST() {
+        if (state_) Delete();
+    }
+    _HANDLELIST(const _HANDLELIST&) = delete;
+    _HANDLELIST& operator=(const _HANDLELIST&) = delete;
+
+    KESTREL_API int Init();     // non-zero when ready (also when already initialised)
+    KESTREL_API int Delete();   // frees the entries and the name worker
+    // Re-reads the whole handle table of the process and replaces the entries; 0 (and an empty list) when
+    // the process is gone or refuses PROCESS_DUP_HANDLE.
+    KESTREL_API int QueryHandlesProcess(unsigned long pid);
+    KESTREL_API unsigned long GetHandleCount() const;
+    // A copy of entry index; an empty entry when index is out of range.
+    KESTREL_API _HANDLEOBJECT GetHandle(unsigned index) const;
+    // The list's own entry, valid until the next query; null when index is out of range.
+    KESTREL_API _HANDLEOBJECT* GetHandlePtr(unsigned index) const;
+
+private:
+    detail::HandleListState* state_ = nullptr;
+};
+
+}  // namespace kestrel

@@ -31,6 +31,8 @@ struct ProcessPropertiesContext {
     kestrel::PD_THREADLIST threadList;               // working list of the Threads page
     kestrel::TL_PROCESSLIST* processList = nullptr;  // the program's provider; look the process up by PID
     heron::_CONNECTIONLIST connectionList;           // working list of the Network page
+    kestrel::_HANDLELIST handleList;                 // working list of the Handles and Files pages
+    int (*openInShell)(const wchar_t* path) = nullptr;  // the program's "open containing folder"
     // Refresh interval of the main window in ms (0 means 100 ms), read once at opening.
     unsigned refreshInterval = 0;
 };

@@ -12,6 +12,7 @@
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "props/page_selection.h"
+#include "props/page_services.h"
 #include "props/page_tree.h"
 #include "resource.h"
 #include "wren.h"
@@ -85,7 +86,8 @@ INT_PTR OnInitDialog(HWND frame, PropertiesWindow* window) {
     wren::CenterWindow(frame, context.parentWindow);
     SetWindowLongPtrW(frame, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(window));
     context.frame = frame;
-    // Working lists that several pages share are initialised here, before any page exists.
+    // The Handles and Files pages share one handle list; it is ready before any page exists.
+    context.handleList.Init();
     if (context.mainWindow) SendMessageW(context.mainWindow, WM_USER, reinterpret_cast<WPARAM>(frame), 0);
     SetWindowPos(frame, context.topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -208,6 +210,7 @@ int ShowProcessProperties(unsigned pid, HWND parent, HWND mainWindow, kestrel::T
     context.topmost = mainWindow && (GetWindowLongPtrW(mainWindow, GWL_EXSTYLE) & WS_EX_TOPMOST) ? TRUE : FALSE;
     context.processList = processList;
     context.refreshInterval = refreshInterval;
+    context.openInShell = CurrentPageServices().openInShell;
     window->pages = pages;
     HANDLE thread = CreateThread(nullptr, 0, PropertiesWindowThread, window.get(), 0, nullptr);
     if (!thread) return 0;

@@ -10,6 +10,7 @@
 #include "options_ids.h"
 #include "net_ids.h"
 #include "threads_ids.h"
+#include "kobj_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"

@@ -27,3 +27,14 @@ QueryInformationThreadFn QueryInformationThread() {
 }
 
 }  // namespace kestrel::nt
+
+#include "handle_nt_api.h"
+
+namespace kestrel::nt {
+
+QueryObjectFn QueryObject() {
+    static const auto function = reinterpret_cast<QueryObjectFn>(NtdllProcedure("NtQueryObject"));
+    return function;
+}
+
+}  // namespace kestrel::nt

@@ -1,0 +1,42 @@
+// What the library's benchmarks share: a clock, the median of samples and one bare system query into a
+// buffer kept between calls (grown when the system asks for more), the call the library's work is set against.
+#pragma once
+#include <windows.h>
+#include <winternl.h>
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace kestrel_bench {
+
+using Clock = std::chrono::steady_clock;
+
+inline double MicrosecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+// The median of the samples: robust against the odd scheduling hiccup.
+inline double Median(std::vector<double> samples) {
+    std::sort(samples.begin(), samples.end());
+    return samples[samples.size() / 2];
+}
+
+using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
+
+inline QuerySystemInformationFn SystemInformationQuery() {
+    return reinterpret_cast<QuerySystemInformationFn>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+}
+
+inline NTSTATUS QuerySystem(QuerySystemInformationFn query, ULONG informationClass, std::vector<unsigned char>& buffer) {
+    constexpr NTSTATUS kInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
+    for (;;) {
+        ULONG needed = 0;
+        const NTSTATUS status = query(informationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
+        if (status != kInfoLengthMismatch) return status;
+        buffer.resize(std::max<size_t>(needed + needed / 4, buffer.size() * 2));
+    }
+}
+
+}  // namespace kestrel_bench

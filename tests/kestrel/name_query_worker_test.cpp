@@ -1,0 +1,50 @@
+// The name worker with a query that blocks until the test lets it go: Wine answers name queries of pipes
+// with a pending read at once, so the time limit is shown here, where a query can really hang.
+#include "name_query_worker.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+namespace {
+
+using kestrel::detail::NameQueryWorker;
+
+// The "object" is an event: the query waits for it, as a name query waits for a held file object.
+bool WaitingQuery(HANDLE object, std::wstring& name) {
+    WaitForSingleObject(object, INFINITE);
+    name = L"released";
+    return true;
+}
+
+HANDLE Copy(HANDLE event) {
+    HANDLE copy = nullptr;
+    DuplicateHandle(GetCurrentProcess(), event, GetCurrentProcess(), &copy, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    return copy;
+}
+
+TEST(NameQueryWorker, AHangingQueryIsLeftBehindAndTheNextOneRunsOnANewWorker) {
+    HANDLE blocked = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE open = CreateEventW(nullptr, TRUE, TRUE, nullptr);
+    NameQueryWorker worker(WaitingQuery);
+    std::wstring name;
+    std::shared_ptr<kestrel::detail::NameQueryJob> stuck;
+    EXPECT_EQ(worker.Query(Copy(open), 5000, name, stuck), NameQueryWorker::Outcome::Named);
+    EXPECT_EQ(name, L"released");
+
+    name.clear();
+    EXPECT_EQ(worker.Query(Copy(blocked), 50, name, stuck), NameQueryWorker::Outcome::TimedOut);
+    EXPECT_TRUE(name.empty());
+    ASSERT_TRUE(stuck);
+    EXPECT_FALSE(kestrel::detail::QueryFinished(*stuck));
+    // The worker is free again at once, while the first one still hangs.
+    EXPECT_EQ(worker.Query(Copy(open), 5000, name, stuck), NameQueryWorker::Outcome::Named);
+
+    SetEvent(blocked);   // the hanging query returns; its worker closes its handle and ends
+    for (int i = 0; i < 4000 && !kestrel::detail::QueryFinished(*stuck); ++i) Sleep(5);
+    EXPECT_TRUE(kestrel::detail::QueryFinished(*stuck));
+    CloseHandle(blocked);
+    CloseHandle(open);
+}
+
+}  // namespace

@@ -1,0 +1,241 @@
+// The Kernel Objects dialog reached through the real main window's command 1054, and the Handles and Files
+// pages created on a plain parent with a hand-filled context, all against a child holding known handles.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "held_handles.h"
+#include "hosted_main_window.h"
+#include "kobj/files_page.h"
+#include "kobj/handles_page.h"
+#include "props/properties_context.h"
+#include "window_texts.h"
+#include "resource.h"
+#include "finch.h"
+
+namespace {
+
+using lmvx_test::HeldHandlesChild;
+using lmvx_test::PollUntil;
+using lmvx_test::PumpUntil;
+
+constexpr DWORD kLimitMs = 30000;
+
+struct Row {
+    unsigned value;
+    std::wstring type;
+    std::wstring name;
+};
+
+std::wstring CellText(HWND list, int row, int column) {
+    wchar_t text[512] = {};
+    ListView_GetItemText(list, row, column, text, 512);
+    return text;
+}
+
+std::vector<Row> ReadRows(HWND list, int nameColumn) {
+    std::vector<Row> rows;
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        LVITEMW item{};
+        item.mask = LVIF_PARAM;
+        item.iItem = row;
+        ListView_GetItem(list, &item);
+        rows.push_back({static_cast<unsigned>(item.lParam), CellText(list, row, 0), CellText(list, row, nameColumn)});
+    }
+    return rows;
+}
+
+const Row* FindRow(const std::vector<Row>& rows, unsigned long long value) {
+    for (const Row& row : rows) {
+        if (row.value == value) return &row;
+    }
+    return nullptr;
+}
+
+void SelectRow(HWND list, unsigned value) {
+    LVFINDINFOW find{};
+    find.flags = LVFI_PARAM;
+    find.lParam = static_cast<LPARAM>(value);
+    const int row = ListView_FindItem(list, -1, &find);
+    ListView_SetSelectionMark(list, row);
+    ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+// A top-level dialog whose caption starts with the text (or is the text).
+HWND WaitForDialog(const std::wstring& captionStart) {
+    HWND found = nullptr;
+    PollUntil([&] {
+        while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
+            if (lmvx_test::WindowText(found).starts_with(captionStart)) return true;
+        }
+        return false;
+    }, kLimitMs);
+    return found;
+}
+
+class KernelObjectsTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { program_ = new mainwnd_test::ScopedHostedProgram(L"LumivexKobjTest"); }
+    static void TearDownTestSuite() { delete program_; }
+    void SetUp() override { ASSERT_TRUE(child.Ready()); }
+
+    static mainwnd_test::ScopedHostedProgram* program_;
+    HeldHandlesChild child;
+};
+mainwnd_test::ScopedHostedProgram* KernelObjectsTest::program_ = nullptr;
+
+TEST_F(KernelObjectsTest, TheMainWindowsCommandOpensTheDialogForTheSelectedProcess) {
+    mainwnd_test::HostedMainWindow main;
+    ASSERT_TRUE(main.SelectProcess(child.Pid(), kLimitMs));
+    std::atomic<bool> done{false};
+    std::vector<Row> rows;
+    std::wstring detailName, detailValue, detailType;
+    std::thread watcher([&] {
+        HWND dialog = WaitForDialog(L"Handles for Process " + std::to_wstring(child.Pid()));
+        if (dialog) {
+            HWND list = GetDlgItem(dialog, IDC_KOBJ_LIST);
+            PollUntil([&] { return IsWindowVisible(list) && ListView_GetItemCount(list) > 0; }, kLimitMs);
+            rows = ReadRows(list, 1);
+            SelectRow(list, static_cast<unsigned>(child.Value(L"file")));
+            detailName = lmvx_test::WindowText(GetDlgItem(dialog, IDC_KOBJ_PRINT_NAME));
+            detailValue = lmvx_test::WindowText(GetDlgItem(dialog, IDC_KOBJ_HANDLE_VALUE));
+            detailType = lmvx_test::WindowText(GetDlgItem(dialog, IDC_KOBJ_TYPE_LABEL));
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        }
+        done = true;
+    });
+    PostMessageW(main.Get(), WM_COMMAND, IDM_KERNEL_OBJECTS, 0);
+    const bool finished = PumpUntil([&] { return done.load(); }, 2 * kLimitMs);
+    watcher.join();
+    ASSERT_TRUE(finished);
+
+    const std::wstring pid = std::to_wstring(child.Pid());
+    struct Expected {
+        const wchar_t* kind;
+        const wchar_t* type;
+        std::wstring nameEnd;
+    };
+    const Expected expected[] = {
+        {L"event", L"Event", L"lmvx_test_event_" + pid},
+        {L"mutex", L"Mutant", L"lmvx_test_mutex_" + pid},
+        {L"file", L"File", child.FilePath()},
+        {L"key", L"Key", L"\\Software"},
+        {L"pipe", L"File", L""},
+    };
+    for (const Expected& e : expected) {
+        const Row* row = FindRow(rows, child.Value(e.kind));
+        ASSERT_NE(row, nullptr) << e.kind;
+        EXPECT_EQ(row->type, e.type) << e.kind;
+        EXPECT_TRUE(row->name.ends_with(e.nameEnd)) << e.kind << ": " << row->name;
+    }
+    wchar_t value[16];
+    swprintf(value, 16, L"0x%.8X", static_cast<unsigned>(child.Value(L"file")));
+    EXPECT_EQ(detailName, child.FilePath());
+    EXPECT_EQ(detailValue, value);
+    EXPECT_EQ(detailType, L"File");
+}
+
+// A page on a plain parent window, as the properties window would create it.
+class PageHost {
+public:
+    PageHost(unsigned dialogId, DLGPROC procedure, unsigned pid) {
+        context.pid = pid;
+        context.refreshInterval = 100;
+        context.handleList.Init();
+        parent_ = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr, nullptr);
+        page = UIL_LangModule.LoadDialogParam(dialogId, parent_, procedure, reinterpret_cast<LPARAM>(&context));
+        ShowWindow(parent_, SW_SHOWNOACTIVATE);
+        ShowWindow(page, SW_SHOW);
+    }
+    ~PageHost() { DestroyWindow(parent_); }
+    HWND List() const { return GetDlgItem(page, IDC_HPAGE_LIST); }
+
+    lmvx::ProcessPropertiesContext context;
+    HWND page = nullptr;
+
+private:
+    HWND parent_ = nullptr;
+};
+
+// Sends a page command whose confirmation is modal on this thread; a watcher answers it with `answer`.
+void CommandWithConfirmation(HWND page, UINT command, const std::wstring& caption, UINT answer) {
+    std::thread watcher([&] {
+        if (HWND box = WaitForDialog(caption)) PostMessageW(box, WM_COMMAND, answer, 0);
+    });
+    SendMessageW(page, WM_COMMAND, command, 0);
+    watcher.join();
+}
+
+TEST_F(KernelObjectsTest, TheFilesPageListsExactlyTheFilesAndClosesOneForReal) {
+    PageHost host(IDD_PAGE_FILES, lmvx::kobj::FilesPageProc, child.Pid());
+    ASSERT_NE(host.page, nullptr);
+    std::vector<Row> rows = ReadRows(host.List(), 0);
+    const Row* file = FindRow(rows, child.Value(L"file"));
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(file->type, child.FilePath());
+    // Exactly the handles the library calls files on a drive: never the pipe, the key or named objects.
+    kestrel::_HANDLELIST list;
+    ASSERT_EQ(list.QueryHandlesProcess(child.Pid()), 1);
+    std::set<unsigned> dosFiles, listed;
+    for (unsigned i = 0; i < list.GetHandleCount(); ++i) {
+        if (list.GetHandlePtr(i)->IsDosFile())
+            dosFiles.insert(static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(list.GetHandlePtr(i)->GetRemoteHandle())));
+    }
+    for (const Row& row : rows) listed.insert(row.value);
+    EXPECT_EQ(listed, dosFiles);
+
+    SelectRow(host.List(), file->value);
+    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDYES);
+    EXPECT_TRUE(PollUntil([&] { return child.FileHandleClosed(); }));
+    const unsigned closed = file->value;
+    EXPECT_TRUE(PumpUntil([&] { return FindRow(ReadRows(host.List(), 0), closed) == nullptr; }, kLimitMs));
+}
+
+TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOnlyOnYes) {
+    PageHost host(IDD_PAGE_HANDLES, lmvx::kobj::HandlesPageProc, child.Pid());
+    ASSERT_NE(host.page, nullptr);
+    std::vector<Row> rows = ReadRows(host.List(), 1);
+    ASSERT_NE(FindRow(rows, child.Value(L"event")), nullptr);
+    EXPECT_EQ(FindRow(rows, child.Value(L"event"))->type, L"Event");
+    for (const Row& row : rows) EXPECT_FALSE(row.name.empty()) << row.type;
+
+    SendMessageW(host.page, WM_COMMAND, IDM_SHOW_UNNAMED_HANDLES, 0);
+    const size_t named = rows.size();
+    rows = ReadRows(host.List(), 1);
+    EXPECT_GT(rows.size(), named);
+    EXPECT_TRUE(std::any_of(rows.begin(), rows.end(), [](const Row& row) { return row.name.empty(); }));
+    SendMessageW(host.page, WM_COMMAND, IDM_SHOW_UNNAMED_HANDLES, 0);
+    EXPECT_EQ(ReadRows(host.List(), 1).size(), named);
+
+    // Properties of the event: its name in the caption, its type in the sheet.
+    SelectRow(host.List(), static_cast<unsigned>(child.Value(L"event")));
+    std::wstring caption, type;
+    std::thread watcher([&] {
+        if (HWND sheet = WaitForDialog(L"Properties of ")) {
+            caption = lmvx_test::WindowText(sheet);
+            type = lmvx_test::WindowText(GetDlgItem(sheet, IDC_HPROP_TYPE));
+            PostMessageW(sheet, WM_COMMAND, IDOK, 0);
+        }
+    });
+    SendMessageW(host.page, WM_COMMAND, IDM_HANDLE_PROPERTIES, 0);
+    watcher.join();
+    EXPECT_TRUE(caption.ends_with(L"lmvx_test_event_" + std::to_wstring(child.Pid()))) << caption;
+    EXPECT_EQ(type, L"Event");
+
+    // "No" leaves the handle open; "Yes" closes it in the child.
+    SelectRow(host.List(), static_cast<unsigned>(child.Value(L"file")));
+    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDNO);
+    EXPECT_FALSE(child.FileHandleClosed());
+    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDYES);
+    EXPECT_TRUE(PollUntil([&] { return child.FileHandleClosed(); }));
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+// The test child in its "hold" verb: a process holding a named event and mutex, a file in the temporary
+// folder, a registry key, a pipe with a read pending on it and a handle to the test program, with the handle
+// value of each read from the report it writes.
+#pragma once
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "child_process.h"
+
+namespace lmvx_test {
+
+inline std::wstring TempFolder() {
+    wchar_t path[MAX_PATH];
+    std::wstring folder(path, GetTempPathW(MAX_PATH, path));
+    if (!folder.empty() && folder.back() == L'\\') folder.pop_back();
+    return folder;
+}
+
+inline bool FileExists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+// Polls the condition (no message pump) for up to limitMs; true once it holds.
+template <typename Condition>
+bool PollUntil(Condition condition, DWORD limitMs = 20000) {
+    const ULONGLONG end = GetTickCount64() + limitMs;
+    while (!condition()) {
+        if (GetTickCount64() > end) return false;
+        Sleep(5);
+    }
+    return true;
+}
+
+class HeldHandlesChild {
+public:
+    HeldHandlesChild() {
+        // Names of their own for each child: a file deleted while its last holder is ending stays in the way.
+        static int children = 0;
+        const std::wstring self = std::to_wstring(GetCurrentProcessId());
+        const std::wstring unique = self + L"_" + std::to_wstring(++children);
+        report_ = TempFolder() + L"\\held_report_" + unique + L".txt";
+        filePath_ = TempFolder() + L"\\held_" + unique + L".txt";
+        child_ = std::make_unique<ChildProcess>(L"hold \"" + filePath_ + L"\" \"" + report_ + L"\" " + self);
+        // Read until complete: the report may be found while the file system still hands it out empty.
+        if (child_->Started()) PollUntil([&] { return (ReadReport(), Ready()) || !child_->IsRunning(); });
+    }
+    ~HeldHandlesChild() {
+        child_.reset();
+        RemoveFiles();
+        DeleteFileW(filePath_.c_str());
+    }
+    HeldHandlesChild(const HeldHandlesChild&) = delete;
+    HeldHandlesChild& operator=(const HeldHandlesChild&) = delete;
+
+    // True when the child holds all six handles.
+    bool Ready() const { return values_.size() == 6; }
+    DWORD Pid() const { return child_->Pid(); }
+    // Why the child is not ready: its exit code, or STILL_ACTIVE.
+    DWORD ExitCode() const {
+        DWORD code = 0;
+        GetExitCodeProcess(child_->Handle(), &code);
+        return code;
+    }
+    // The handle value of "event", "mutex", "file", "key", "pipe" or "process"; 0 when unknown.
+    unsigned long long Value(const std::wstring& kind) const {
+        const auto found = values_.find(kind);
+        return found == values_.end() ? 0 : found->second;
+    }
+    const std::wstring& FilePath() const { return filePath_; }
+    // The child saw its file handle closed from outside.
+    bool FileHandleClosed() const { return FileExists(report_ + L".closed"); }
+
+private:
+    void RemoveFiles() {
+        DeleteFileW(report_.c_str());
+        DeleteFileW((report_ + L".closed").c_str());
+    }
+    void ReadReport() {
+        values_.clear();
+        HANDLE file = CreateFileW(report_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return;
+        wchar_t text[1024] = {};
+        DWORD read = 0;
+        ReadFile(file, text, sizeof text - sizeof(wchar_t), &read, nullptr);
+        CloseHandle(file);
+        const std::wstring all(text);
+        for (size_t start = 0; start < all.size();) {
+            const size_t end = all.find(L'\n', start);
+            const std::wstring line = all.substr(start, end - start);
+            const size_t space = line.find(L' ');
+            if (space != std::wstring::npos) values_[line.substr(0, space)] = std::stoull(line.substr(space + 1));
+            if (end == std::wstring::npos) break;
+            start = end + 1;
+        }
+    }
+
+    std::wstring report_;
+    std::wstring filePath_;
+    std::unique_ptr<ChildProcess> child_;
+    std::map<std::wstring, unsigned long long> values_;
+};
+
+}  // namespace lmvx_test
