@@ -2,9 +2,15 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 PACKAGES := cmake make g++ mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
-            binutils-mingw-w64-x86-64 wine wine64 fonts-wine xvfb xauth x11-utils imagemagick googletest
+            binutils-mingw-w64-x86-64 wine wine64 fonts-wine xvfb xauth x11-utils imagemagick googletest \
+            clang libclang-rt-14-dev libfuzzer-14-dev
 
-.PHONY: all deps configure build run test screenshots clean
+.PHONY: all deps configure build run test fuzz screenshots clean
+
+# The byte scanners, built for the host with sanitizers and fuzzed: `make fuzz` runs each fuzzer for
+# FUZZ_SECONDS (default 300) seconds; `make test` runs each for 5 seconds from its seeds with seed 1.
+FUZZ_BUILD ?= $(BUILD)-fuzz
+FUZZ_SECONDS ?= 300
 
 all: build
 
@@ -22,9 +28,13 @@ build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 test: build
+	@fuzz/run-fuzzers.sh $(FUZZ_BUILD) 5 1
 	@eval "$$(cmake/wine-session.sh start $(BUILD))"; \
 	cd $(BUILD) && ctest --output-on-failure -j 1; rc=$$?; \
 	cd .. && cmake/wine-session.sh stop $(BUILD); exit $$rc
+
+fuzz: deps
+	@fuzz/run-fuzzers.sh $(FUZZ_BUILD) $(FUZZ_SECONDS)
 
 run: build
 	@tools/run-lumivex.sh $(BUILD)
@@ -33,4 +43,4 @@ screenshots: build
 	@tools/screenshots.sh $(BUILD)
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(FUZZ_BUILD)
