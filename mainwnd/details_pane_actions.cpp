@@ -8,6 +8,7 @@
 #include "mainwnd/process_menu_popup.h"
 #include "mainwnd/process_windows.h"
 #include "mainwnd/shell_open.h"
+#include "memory/memory_viewer.h"
 
 namespace lmvx {
 namespace {
@@ -40,6 +41,7 @@ PaneActions ProgramPaneActions() {
     actions.priorityName = PriorityClassName;
     actions.drawOwnerButton = DrawOwnerButton;
     actions.historyGraph = kestrel::GetProcessHistoryGraph;
+    actions.openMemoryViewer = ShowMemoryViewer;
     return actions;
 }
 

@@ -1,5 +1,7 @@
 #include "mainwnd/properties_pages.h"
 
+#include "memory/strings_page.h"
+#include "memory/virtual_memory_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -18,11 +20,11 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, nullptr, &Ctx::handlesPage},
     {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, nullptr, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, nullptr, &Ctx::networkPage},
-    {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
+    {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, StringsPageProc, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, nullptr, &Ctx::threadsPage},
     {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, nullptr, &Ctx::tokenPage},
-    {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess, nullptr,
-     &Ctx::virtualMemoryPage},
+    {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess,
+     VirtualMemoryPageProc, &Ctx::virtualMemoryPage},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "string_ids.h"
 #include "command_ids.h"
 #include "dialog_ids.h"
+#include "memory_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"
