@@ -51,17 +51,4 @@ std::wstring FormatText(const wchar_t* format, ...) {
     return text;
 }
 
-void RunDialogThread(LPTHREAD_START_ROUTINE thread, void* parameter) {
-    UniqueHandle running(CreateThread(nullptr, 0, thread, parameter, 0, nullptr));
-    if (!running) return;
-    HANDLE waitFor = running.Get();
-    while (MsgWaitForMultipleObjects(1, &waitFor, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
-}
-
 }  // namespace lmvx

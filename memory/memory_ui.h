@@ -22,7 +22,5 @@ std::wstring ControlText(HWND dialog, int controlId, int limit);
 const wchar_t* FileNameOfPath(const wchar_t* path);
 // A bounded formatted text (the language module's conventions: %s is wide).
 std::wstring FormatText(const wchar_t* format, ...);
-// Runs `thread` with `parameter` and dispatches the caller's messages until it ends.
-void RunDialogThread(LPTHREAD_START_ROUTINE thread, void* parameter);
 
 }  // namespace lmvx

@@ -6,6 +6,7 @@
 #include <new>
 #include <vector>
 
+#include "common/dialog_thread.h"
 #include "finch.h"
 #include "memory/hex_dump.h"
 #include "memory/memory_search.h"
@@ -183,7 +184,7 @@ void ShowMemoryViewer(unsigned processId, HWND owner) {
     auto context = std::make_unique<MemoryViewerContext>();
     context->owner = owner;
     context->processId = processId;
-    RunDialogThread(ViewerThread, context.get());
+    RunOnDialogThread(ViewerThread, context.get());
 }
 
 }  // namespace lmvx

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "common/dialog_thread.h"
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "resource.h"
@@ -111,16 +112,7 @@ INT_PTR CALLBACK RunDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 void OpenRunDialog(HWND owner) {
     RunContext context{owner, nullptr};
-    UniqueHandle thread(CreateThread(nullptr, 0, RunDialogThread, &context, 0, nullptr));
-    if (!thread) return;
-    HANDLE waitFor = thread.Get();
-    while (MsgWaitForMultipleObjects(1, &waitFor, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
+    RunOnDialogThread(RunDialogThread, &context);
 }
 
 }  // namespace lmvx
