@@ -3,12 +3,14 @@
 #include <commctrl.h>
 #include <shlwapi.h>
 
+#include <memory>
 #include <string>
 
 #include "finch.h"
 #include "memory/memory_search_scan.h"
 #include "memory/memory_ui.h"
 #include "memory/process_memory.h"
+#include "memory/search_pattern.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -17,7 +19,7 @@ namespace {
 struct SearchWindow {
     MemoryViewerContext* viewer = nullptr;
     HWND dialog = nullptr;
-    std::wstring pattern;
+    std::unique_ptr<SearchPattern> pattern;
     UniqueFont listFont;
     UniqueFont textFont;
 };
@@ -31,7 +33,8 @@ HWND ResultList(HWND dialog) { return GetDlgItem(dialog, IDC_SEARCH_RESULTS); }
 // A match goes to the top of the list.
 void OnFound(void* context, uint32_t address, const wchar_t* text) {
     auto* window = static_cast<SearchWindow*>(context);
-    if (!PathMatchSpecW(text, window->pattern.c_str())) return;
+    const SearchPattern& pattern = *window->pattern;
+    if (pattern.IsPlain() ? !pattern.Matches(text) : !PathMatchSpecW(text, pattern.ShellPattern().c_str())) return;
     std::wstring addressText = FormatText(L"0x%.8X", address);
     LVITEMW item{};
     item.mask = LVIF_TEXT;
@@ -67,7 +70,7 @@ void OnSearch(HWND dialog) {
     state.bytesRead = 0;
     state.totalBytes = 0;
     ListView_DeleteAllItems(ResultList(dialog));
-    window->pattern = L"*" + ControlText(dialog, IDC_SEARCH_TEXT, 256) + L"*";
+    window->pattern = std::make_unique<SearchPattern>(ControlText(dialog, IDC_SEARCH_TEXT, 256));
     UniqueHandle progress(CreateThread(nullptr, 0, ProgressThread, window, 0, nullptr));
     if (!progress) {
         state.running = 0;

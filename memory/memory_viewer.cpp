@@ -23,6 +23,7 @@ namespace {
 constexpr uint32_t kInitialAddress = 0x400000;
 constexpr uint64_t kViewerDumpLimit = 0x10000;
 constexpr COLORREF kLinkColour = RGB(0, 0, 204);
+constexpr UINT kLookUpSymbolMessage = WM_APP + 1;  // wParam: the address shown
 
 MemoryViewerContext* ViewerContext(HWND dialog) {
     return reinterpret_cast<MemoryViewerContext*>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
@@ -59,15 +60,26 @@ void ShowDump(HWND dialog, HANDLE process, uint32_t address, const MEMORY_BASIC_
     SetDlgItemTextA(dialog, IDC_MEM_DUMP, text.get());
 }
 
+// Symbols come after the dump: a symbol session loads the process's module list and takes far longer
+// than the region and the dump, which thus show at once.
+void ShowSymbol(HWND dialog, uint32_t address) {
+    MemoryViewerContext* context = ViewerContext(dialog);
+    if (address != context->shownAddress) return;  // a later address is on its way
+    UniqueHandle process = OpenProcessMemory(context->processId);
+    if (!process) return;
+    const SymbolTexts symbol = LookUpSymbol(process.Get(), address, UIL_LangModule.GetLangString(IDS_UNKNOWN));
+    SetText(dialog, IDC_MEM_SYMBOL, symbol.symbol);
+    SetText(dialog, IDC_MEM_SOURCE, symbol.source);
+}
+
 void ShowAddress(HWND dialog, uint32_t address) {
     MemoryViewerContext* context = ViewerContext(dialog);
     UniqueHandle process = OpenProcessMemory(context->processId);
     if (!process) return;
     MEMORY_BASIC_INFORMATION region{};
     const bool queried = QueryRegion(process.Get(), address, region);
-    const SymbolTexts symbol = LookUpSymbol(process.Get(), address, UIL_LangModule.GetLangString(IDS_UNKNOWN));
-    SetText(dialog, IDC_MEM_SYMBOL, symbol.symbol);
-    SetText(dialog, IDC_MEM_SOURCE, symbol.source);
+    context->shownAddress = address;
+    PostMessageW(dialog, kLookUpSymbolMessage, address, 0);
     SetText(dialog, IDC_MEM_ADDRESS, Hex32Text(address));
     if (!queried) {
         SetDlgItemTextA(dialog, IDC_MEM_DUMP, "");
@@ -175,6 +187,7 @@ INT_PTR CALLBACK MemoryViewerProc(HWND dialog, UINT message, WPARAM wParam, LPAR
     case WM_COMMAND: OnCommand(dialog, LOWORD(wParam), HIWORD(wParam)); return TRUE;
     case WM_CTLCOLORSTATIC: return OnCtlColorStatic(dialog, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     case WM_SETCURSOR: return OnSetCursor(dialog, reinterpret_cast<HWND>(wParam));
+    case kLookUpSymbolMessage: ShowSymbol(dialog, static_cast<uint32_t>(wParam)); return TRUE;
     case WM_DESTROY: OnDestroy(dialog); return FALSE;
     }
     return FALSE;

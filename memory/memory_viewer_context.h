@@ -25,6 +25,7 @@ struct MemoryViewerContext {
     HWND dialog = nullptr;
     HWND search = nullptr;  // the open search dialog of this viewer
     unsigned processId = 0;
+    uint32_t shownAddress = 0;  // the address whose symbol is still to be looked up
     MemorySearchState searchState;
     UniqueFont dumpFont;
     UniqueFont addressFont;
