@@ -4,9 +4,14 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 PACKAGES := cmake make g++ mingw-w64 g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix \
             binutils-mingw-w64-x86-64 wine wine64 fonts-wine xvfb xauth x11-utils imagemagick googletest \
-            nsis
+            nsis clang libclang-rt-14-dev libfuzzer-14-dev
 
-.PHONY: all deps configure build run test package screenshots clean
+.PHONY: all deps configure build run test package fuzz screenshots clean
+
+# The byte scanners, built for the host with sanitizers and fuzzed: `make fuzz` runs each fuzzer for
+# FUZZ_SECONDS (default 300) seconds; `make test` runs each for 5 seconds from its seeds with seed 1.
+FUZZ_BUILD ?= $(BUILD)-fuzz
+FUZZ_SECONDS ?= 300
 
 all: build
 
@@ -24,6 +29,7 @@ build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
 test: build
+	@fuzz/run-fuzzers.sh $(FUZZ_BUILD) 5 1
 	@eval "$$(cmake/wine-session.sh start $(BUILD))"; \
 	cd $(BUILD) && ctest --output-on-failure -j 1; rc=$$?; \
 	cd .. && cmake/wine-session.sh stop $(BUILD); exit $$rc
@@ -32,6 +38,9 @@ package: build
 	cmake --build $(BUILD) --target lmvx_packages
 	@ls -l $(BUILD)/packages
 
+fuzz: deps
+	@fuzz/run-fuzzers.sh $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 run: build
 	@tools/run-lumivex.sh $(BUILD)
 
@@ -39,4 +48,4 @@ screenshots: build
 	@tools/screenshots.sh $(BUILD)
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(FUZZ_BUILD)

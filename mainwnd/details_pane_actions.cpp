@@ -14,6 +14,8 @@
 #include "common/shell_open.h"
 #include "net/endpoints_dialog.h"
 #include "resource.h"
+#include "mainwnd/shell_open.h"
+#include "memory/memory_viewer.h"
 
 namespace lmvx {
 namespace {
@@ -59,6 +61,7 @@ PaneActions ProgramPaneActions() {
     actions.historyGraph = kestrel::GetProcessHistoryGraph;
     actions.openProperties = OpenPropertiesWindow;
     actions.openKernelObjects = OpenKernelObjects;
+    actions.openMemoryViewer = ShowMemoryViewer;
     return actions;
 }
 

@@ -11,6 +11,8 @@
 #include "props/threads_page.h"
 #include "kobj/files_page.h"
 #include "kobj/handles_page.h"
+#include "memory/strings_page.h"
+#include "memory/virtual_memory_page.h"
 #include "resource.h"
 
 namespace lmvx {
@@ -29,11 +31,11 @@ const PropertyPage kPages[] = {
     {IDD_PAGE_HANDLES, {0, L"Handles", L"Handles"}, 6, QueryAccess, kobj::HandlesPageProc, &Ctx::handlesPage},
     {IDD_PAGE_FILES, {0, L"Files", L"Dateien"}, 7, QueryAccess, kobj::FilesPageProc, &Ctx::filesPage},
     {IDD_PAGE_NETWORK, {0, L"Network", L"Netzwerk"}, 8, Always, net::NetworkPageProc, &Ctx::networkPage},
-    {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, nullptr, &Ctx::stringsPage},
+    {IDD_PAGE_STRINGS, {IDS_PAGE_STRINGS}, 10, QueryAccess, StringsPageProc, &Ctx::stringsPage},
     {IDD_PAGE_THREADS, {IDS_PAGE_THREADS}, 11, Always, ThreadsPageProc, &Ctx::threadsPage},
     {IDD_PAGE_TOKEN, {IDS_PAGE_TOKEN}, 12, TokenQuery, TokenPageProc, &Ctx::tokenPage},
-    {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess, nullptr,
-     &Ctx::virtualMemoryPage},
+    {IDD_PAGE_VIRTUAL_MEMORY, {0, L"Virtual Memory", L"Virtueller Speicher"}, 5, QueryAccess,
+     VirtualMemoryPageProc, &Ctx::virtualMemoryPage},
 };
 
 constexpr PageServices kPageServices{DrawOwnerButton, OpenInShell, PriorityClassName, LoadNote, SaveNote,

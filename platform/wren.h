@@ -162,3 +162,28 @@ WREN_API long GetPerfGraphGdiObjectCount();
 WREN_API long GetPerfGraphGdiFreeFailures();
 
 }  // namespace wren
+
+// ---- Address resolution ----
+// What lies at an address of another process: the module that holds it and the source line there. One
+// object per lookup: construct, ResolveAddress, read, destroy.
+namespace wren {
+
+class WREN_API _PROCADRINFO {
+public:
+    _PROCADRINFO();
+    // process needs PROCESS_QUERY_INFORMATION | PROCESS_VM_READ. Returns 1 when the address lies in a module.
+    int ResolveAddress(HANDLE process, unsigned long long address);
+    // Non-zero when the address lies in a known module.
+    int IsModuleValid() const;
+    // "module+0xOFFSET" inside a module, else the address as "0x%16.16I64X"; returns buffer.
+    const wchar_t* GetDisplayName(wchar_t* buffer, unsigned length) const;
+    // "file(line)" when the module's symbols know the line, else the module's path, else ""; returns buffer.
+    const wchar_t* GetSourceDisplayStr(wchar_t* buffer, unsigned length) const;
+
+private:
+    int moduleValid_ = 0;
+    wchar_t displayName_[512] = {};
+    wchar_t source_[512] = {};
+};
+
+}  // namespace wren

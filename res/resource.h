@@ -11,6 +11,7 @@
 #include "net_ids.h"
 #include "threads_ids.h"
 #include "kobj_ids.h"
+#include "memory_ids.h"
 #if defined(__has_include)
 #if __has_include("icon_ids.h")
 #include "icon_ids.h"

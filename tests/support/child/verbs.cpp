@@ -3,6 +3,8 @@
 #include <winsock2.h>
 #include <windows.h>
 
+#include <cstdio>
+#include <cstring>
 #include <cwchar>
 #include <string>
 
@@ -189,6 +191,29 @@ int SocketsVerb(Arguments arguments) {
     closesocket(udp);
     Sleep(INFINITE);
     return 0;
+// memory <file>: holds a reserved 64 KiB region followed by a committed one below 4 GB, with the ASCII text
+// "LumivexAsciiMarker" at +0x100 and the UTF-16 text "LumivexWideMarker" at +0x300 of the committed one;
+// writes "<reserved base> <committed base>" (hex) to the file, then waits until standard input closes.
+int MemoryVerb(Arguments arguments) {
+    if (arguments.size() != 1) return ExitUsage;
+    char* reserved = nullptr;
+    for (uintptr_t at = 0x10000000; !reserved && at < 0x80000000; at += 0x1000000) {
+        reserved = static_cast<char*>(VirtualAlloc(reinterpret_cast<void*>(at), 0x20000, MEM_RESERVE, PAGE_READWRITE));
+    }
+    if (!reserved) return ExitFailed;
+    char* committed = static_cast<char*>(VirtualAlloc(reserved + 0x10000, 0x10000, MEM_COMMIT, PAGE_READWRITE));
+    if (!committed) return ExitFailed;
+    std::memcpy(committed + 0x100, "LumivexAsciiMarker", 18);
+    std::memcpy(committed + 0x300, L"LumivexWideMarker", 17 * sizeof(wchar_t));
+    char line[64];
+    const int length = std::snprintf(line, sizeof line, "%llX %llX", static_cast<unsigned long long>(
+        reinterpret_cast<uintptr_t>(reserved)), static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(committed)));
+    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
+    DWORD written = 0;
+    WriteFile(file, line, static_cast<DWORD>(length), &written, nullptr);
+    CloseHandle(file);
+    return WaitVerb({});
 }
 
 constexpr VerbEntry VerbTable[] = {
@@ -204,6 +229,7 @@ constexpr VerbEntry VerbTable[] = {
     {L"known-threads", KnownThreadsVerb, L"known-threads <file> <ms>: one thread burns, one is suspended, one is blocked, one has a window"},
     {L"hold", HoldVerb, L"hold <file> <report> <other pid>"},
     {L"many", ManyHandlesVerb, L"many <count> <report>"},
+    {L"memory", MemoryVerb, L"memory <file>"},
 };
 
 }  // namespace
