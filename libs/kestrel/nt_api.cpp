@@ -20,4 +20,9 @@ QueryInformationProcessFn QueryInformationProcess() {
     return function;
 }
 
+QueryInformationThreadFn QueryInformationThread() {
+    static const auto function = reinterpret_cast<QueryInformationThreadFn>(NtdllProcedure("NtQueryInformationThread"));
+    return function;
+}
+
 }  // namespace kestrel::nt

@@ -9,11 +9,13 @@ namespace kestrel::nt {
 constexpr NTSTATUS StatusSuccess = 0;
 constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
 constexpr NTSTATUS StatusBufferTooSmall = static_cast<NTSTATUS>(0xC0000023L);
+constexpr NTSTATUS StatusInvalidInfoClass = static_cast<NTSTATUS>(0xC0000003L);
 constexpr NTSTATUS StatusBufferOverflow = static_cast<NTSTATUS>(0x80000005L);
 
 constexpr ULONG SystemProcessInformationClass = 5;
 constexpr ULONG ProcessBasicInformationClass = 0;
 constexpr ULONG ProcessCommandLineInformationClass = 60;
+constexpr ULONG ThreadSuspendCountClass = 35;   // Windows 8.1 and later; Wine answers it too
 
 // One entry of SystemProcessInformation; thread entries follow it and NextEntryOffset skips them.
 struct SystemProcessEntry {
@@ -54,6 +56,22 @@ struct SystemProcessEntry {
 };
 static_assert(sizeof(SystemProcessEntry) == 0x100, "x64 layout of SYSTEM_PROCESS_INFORMATION");
 
+// One thread entry of SystemProcessInformation; NumberOfThreads of them follow each process entry.
+struct SystemThreadEntry {
+    LARGE_INTEGER KernelTime;
+    LARGE_INTEGER UserTime;
+    LARGE_INTEGER CreateTime;
+    ULONG WaitTime;
+    void* StartAddress;
+    CLIENT_ID ClientId;
+    LONG Priority;
+    LONG BasePriority;
+    ULONG ContextSwitches;
+    ULONG ThreadState;
+    ULONG WaitReason;
+};
+static_assert(sizeof(SystemThreadEntry) == 0x50, "x64 layout of SYSTEM_THREAD_INFORMATION");
+
 // The parts of the PEB and its process parameters that lead to the command line.
 struct ProcessBasicInfo {
     NTSTATUS ExitStatus;
@@ -68,9 +86,11 @@ constexpr SIZE_T ParametersCommandLineOffset = 0x70;
 
 using QuerySystemInformationFn = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
 using QueryInformationProcessFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
+using QueryInformationThreadFn = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
 
 // Looked up once in ntdll, which every process has loaded.
 QuerySystemInformationFn QuerySystemInformation();
 QueryInformationProcessFn QueryInformationProcess();
+QueryInformationThreadFn QueryInformationThread();
 
 }  // namespace kestrel::nt
