@@ -4,21 +4,17 @@
 #include "mainwnd/owner_button.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
-#include "mainwnd/process_menu_items.h"
-#include "mainwnd/process_menu_popup.h"
+#include "mainwnd/process_menu.h"
 #include "mainwnd/process_windows.h"
 #include "mainwnd/shell_open.h"
 
 namespace lmvx {
 namespace {
 
-// The priority submenu of the process; its commands go to owner, the pane, which sets the priority.
-void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
-    const int item = g_processList.GetItemByPID(pid);
-    const unsigned priorityClass = item < 0 ? 0 : g_processList.GetItemProcessPriority(item);
-    const bool suspended = kestrel::PRM_IsProcessSuspended(pid) != 0;
-    UniqueMenu menu = CreatePopupFromEntries(PriorityMenuEntries(priorityClass, suspended, pid == GetCurrentProcessId()));
-    if (menu) TrackPopupMenu(menu.Get(), TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON, x, y, 0, owner, nullptr);
+// The priority submenu of the process; its commands go to owner, the pane, which sets the priority. No menu
+// for a process that is not in the snapshot.
+void ShowPanePriorityMenu(unsigned pid, int x, int y, HWND owner) {
+    ShowPriorityMenu(g_processList, pid, x, y, owner);
 }
 
 int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
@@ -35,7 +31,7 @@ PaneActions ProgramPaneActions() {
     actions.pageOut = actions::PageOut;
     actions.setPriority = actions::SetPriority;
     actions.openInShell = OpenInShell;
-    actions.showPriorityMenu = ShowPriorityMenu;
+    actions.showPriorityMenu = ShowPanePriorityMenu;
     actions.showWindowsMenu = ShowWindowsMenu;
     actions.priorityName = PriorityClassName;
     actions.drawOwnerButton = DrawOwnerButton;

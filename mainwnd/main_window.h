@@ -2,8 +2,15 @@
 #pragma once
 #include <windows.h>
 
+#include <functional>
+
 namespace lmvx {
 
 INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Runs work on the main window's thread: at once when called there, otherwise by a message sent to the main
+// window (the caller waits). The details pane and the Process popup are the UI thread's alone; the refresh
+// thread hands its part of them over this way.
+void RunOnMainWindowThread(HWND mainWindow, const std::function<void()>& work);
 
 }  // namespace lmvx
