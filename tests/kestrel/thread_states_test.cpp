@@ -5,25 +5,14 @@
 namespace kestrel::detail {
 namespace {
 
-constexpr ThreadStateReading kSuspended{ThreadStateWaiting, WaitReasonSuspended};
-constexpr ThreadStateReading kSleeping{ThreadStateWaiting, 6};   // waiting for a delay
-constexpr ThreadStateReading kRunning{2, 0};
-constexpr ThreadStateReading kNothingKnown{0, 0};
-
 TEST(SuspendedByThreadStates, AnswersOnlyWhenTheStatesSaySomething) {
-    struct Case {
-        std::vector<ThreadStateReading> threads;
-        std::optional<bool> expected;
+    const ThreadStateReading suspended{ThreadStateWaiting, WaitReasonSuspended}, sleeping{ThreadStateWaiting, 6},
+        running{2, 0}, nothingKnown{0, 0};
+    const std::pair<std::vector<ThreadStateReading>, std::optional<bool>> cases[] = {
+        {{}, std::nullopt},           {{nothingKnown, nothingKnown}, std::nullopt}, {{suspended, suspended}, true},
+        {{suspended, sleeping}, false}, {{running}, false}, {{suspended, nothingKnown}, false},
     };
-    const Case cases[] = {
-        {{}, std::nullopt},
-        {{kNothingKnown, kNothingKnown}, std::nullopt},
-        {{kSuspended, kSuspended}, true},
-        {{kSuspended, kSleeping}, false},
-        {{kRunning}, false},
-        {{kSuspended, kNothingKnown}, false},
-    };
-    for (const Case& c : cases) EXPECT_EQ(SuspendedByThreadStates(c.threads), c.expected) << c.threads.size();
+    for (const auto& [threads, expected] : cases) EXPECT_EQ(SuspendedByThreadStates(threads), expected) << threads.size();
 }
 
 }  // namespace

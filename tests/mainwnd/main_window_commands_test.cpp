@@ -120,9 +120,8 @@ TEST_F(MainWindowCommands, ShowOrHideHidesAVisibleWindowAndBringsItBack) {
 }
 
 TEST_F(MainWindowCommands, ShowOrHideRestoresAMinimisedHiddenWindow) {
-    // Wine's modal dialog loop shows the dialog with SW_SHOWNORMAL the first time its queue runs empty, even
-    // when it is visible already; on a busy machine that moment can come after this minimise and undo it.
-    // It happens once, so the window is minimised again until it stays so.
+    // Wine's dialog loop shows the dialog (SW_SHOWNORMAL) once, when its queue first runs empty; on a busy
+    // machine that comes after this minimise and undoes it, so the window is minimised again.
     ASSERT_TRUE(lmvx_test::PumpUntil(
         [&] {
             if (!IsIconic(main_)) ShowWindow(main_, SW_MINIMIZE);
