@@ -1,6 +1,5 @@
-// The real main window under load for a bounded number of rounds: refreshes in front (on the refresh
-// thread) and behind (on this, the UI thread), selections, sorts, processes starting and ending. After
-// every round the refresh thread must have cycled on and the rows must agree with their item data.
+// The real main window for a bounded number of rounds of refreshes in front and behind, selections, sorts and
+// processes starting and ending: the refresh thread must cycle on and the rows agree with their item data.
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <commctrl.h>
@@ -51,9 +50,8 @@ TEST(RefreshStress, RowsStayConsistentAndTheRefreshGoesOnUnderLoad) {
     ScopedHostedProgram program(L"LumivexRefreshStressTest");
     HostedMainWindow main;
     ASSERT_NE(main.Get(), nullptr);
-    // A window of this thread to put in front, so that the views refresh on this thread too.
     HWND other = CreateWindowExW(0, L"STATIC", L"other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, nullptr,
-                                 nullptr, nullptr, nullptr);
+                                 nullptr, nullptr, nullptr);   // put in front: the views refresh on this thread
     SendMessageW(main.Get(), WM_COMMAND, IDM_RATE_VERY_HIGH, 0);
     g_watchedList = main.List();
     HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, CountCycles, nullptr, GetCurrentThreadId());
