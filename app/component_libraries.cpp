@@ -15,14 +15,8 @@ extern "C" const IMAGE_DELAYLOAD_DESCRIPTOR __DELAY_IMPORT_DESCRIPTOR_libkestrel
 namespace lmvx {
 namespace {
 
-// Exception codes the delay-load helper raises when a library or one of its functions is missing.
-constexpr DWORD kDelayLoadModuleNotFound = 0xC06D007E;
-constexpr DWORD kDelayLoadProcNotFound = 0xC06D007F;
-
-LONG CALLBACK OnDelayLoadFailure(EXCEPTION_POINTERS* info) {
-    const DWORD code = info->ExceptionRecord->ExceptionCode;
-    if (code == kDelayLoadModuleNotFound || code == kDelayLoadProcNotFound) EndForMissingComponent();
-    return EXCEPTION_CONTINUE_SEARCH;
+LONG WINAPI OnUnhandledDuringInitialisation(EXCEPTION_POINTERS*) {
+    EndForMissingComponent();
 }
 
 void LoadFromSystemFolder(const wchar_t* name) {
@@ -64,8 +58,13 @@ void RestrictLibrarySearch() {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
     // Also drop the current directory from the legacy search path used by callers we do not control.
     SetDllDirectoryW(L"");
-    // A lazily bound import that fails later on ends the program the same way as a failed forced load.
-    AddVectoredExceptionHandler(1, OnDelayLoadFailure);
+}
+
+ComponentFailureHandler::ComponentFailureHandler()
+    : previous_(SetUnhandledExceptionFilter(OnUnhandledDuringInitialisation)) {}
+
+ComponentFailureHandler::~ComponentFailureHandler() {
+    SetUnhandledExceptionFilter(previous_);
 }
 
 void LoadComponentLibraries() {

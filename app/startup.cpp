@@ -73,7 +73,10 @@ void AnswerBuildInfoRequest(const wchar_t* commandLine, const wchar_t* sourceFil
     ExitProcess(0);
 }
 
-int Initialize() {
+namespace {
+
+// The initialisation routine's steps, in their order.
+int InitializeSteps() {
     ShowStartupStatus(L"Starting...");   // fixed English: no language is loaded yet
 
     g_debugPrivilege = EnableDebugPrivilege();
@@ -102,6 +105,17 @@ int Initialize() {
 
     ShowStartupStatus(UIL_LangModule.GetLangString(IDS_STATUS_LOADING));
     return 1;
+}
+
+}  // namespace
+
+int Initialize() {
+    const ComponentFailureHandler failureHandler;
+    try {
+        return InitializeSteps();
+    } catch (...) {
+        EndForMissingComponent();
+    }
 }
 
 }  // namespace lmvx

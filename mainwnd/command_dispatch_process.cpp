@@ -13,21 +13,18 @@ unsigned SelectedPid(const MainWindowState& state) {
     return SelectedProcessId(state.processList.GetListView());
 }
 
-// The Process popup and the pause button for pid. The view refresh compares the button's text with the one
-// it wrote last (rememberText), so an unchanged button costs no message; a write from elsewhere clears that
-// record, so that a refresh running at the same moment on the other thread cannot leave a stale text.
-void ShowProcessMenuAndPauseButton(MainWindowState& state, unsigned pid, bool rememberText) {
-    // One look at the process serves the menu and the pause button: each look at its suspension
-    // suspends and resumes one of its threads.
+// The Process popup and the pause button for pid, on the UI thread, which owns both. The button's text as
+// last written is kept, so an unchanged button costs no message.
+void ShowProcessMenuAndPauseButton(MainWindowState& state, unsigned pid) {
     const ProcessMenuFacts facts = GatherProcessMenuFacts(g_processList, pid);
     if (!state.menuOpen) RebuildProcessPopup(state.window, g_processList, pid, facts);
     HWND pane = state.children.detailsPane;
     if (!pane) return;
     const bool suspended = facts.inSnapshot ? facts.suspended : kestrel::PRM_IsProcessSuspended(pid) != 0;
     const UINT textId = suspended ? IDS_RESUME_PROCESS : IDS_PAUSE_PROCESS;
-    if (rememberText && state.pauseButtonTextId.exchange(textId) == textId) return;
+    if (state.pauseButtonTextId == textId) return;
     SetDlgItemTextW(pane, IDC_PANE_PAUSE, UIL_LangModule.GetLangString(textId));
-    if (!rememberText) state.pauseButtonTextId = 0;
+    state.pauseButtonTextId = textId;
 }
 
 }  // namespace
@@ -51,11 +48,11 @@ void CloseSelectedProcessWindow(const MainWindowState& state) {
 }
 
 void RefreshProcessMenu(MainWindowState& state, unsigned pid) {
-    ShowProcessMenuAndPauseButton(state, pid, true);
+    ShowProcessMenuAndPauseButton(state, pid);
 }
 
 void RefreshProcessMenu(MainWindowState& state) {
-    ShowProcessMenuAndPauseButton(state, SelectedPid(state), false);
+    ShowProcessMenuAndPauseButton(state, SelectedPid(state));
 }
 
 void ShowListContextMenu(const MainWindowState& state) {

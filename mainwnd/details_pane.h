@@ -52,6 +52,10 @@ void DetailsPaneFollowSelection(HWND pane, unsigned selectedPid);
 void DetailsPaneShowProcess(HWND pane, unsigned pid);
 unsigned DetailsPaneShownPid(HWND pane);
 
+// Draws the CPU and memory history of the process into the pane's graph; nothing when the process is gone.
+// Called by the refresh thread every cycle, also while the main window is hidden.
+void DrawProcessGraphInPane(HWND pane, unsigned pid);
+
 // The PID of the selected row of a process list view (rows carry their PID as item data); 0 when none.
 unsigned SelectedPidOfList(HWND processList);
 

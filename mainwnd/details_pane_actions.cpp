@@ -7,8 +7,7 @@
 #include "kobj/kernel_objects_dialog.h"
 #include "mainwnd/priority_names.h"
 #include "mainwnd/process_actions.h"
-#include "mainwnd/process_menu_items.h"
-#include "mainwnd/process_menu_popup.h"
+#include "mainwnd/process_menu.h"
 #include "mainwnd/process_windows.h"
 #include "mainwnd/properties_windows.h"
 #include "common/shell_open.h"
@@ -20,13 +19,10 @@
 namespace lmvx {
 namespace {
 
-// The priority submenu of the process; its commands go to owner, the pane, which sets the priority.
-void ShowPriorityMenu(unsigned pid, int x, int y, HWND owner) {
-    const int item = g_processList.GetItemByPID(pid);
-    const unsigned priorityClass = item < 0 ? 0 : g_processList.GetItemProcessPriority(item);
-    const bool suspended = kestrel::PRM_IsProcessSuspended(pid) != 0;
-    UniqueMenu menu = CreatePopupFromEntries(PriorityMenuEntries(priorityClass, suspended, pid == GetCurrentProcessId()));
-    if (menu) TrackPopupMenu(menu.Get(), TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON, x, y, 0, owner, nullptr);
+// The priority submenu of the process; its commands go to owner, the pane, which sets the priority. No menu
+// for a process that is not in the snapshot.
+void ShowPanePriorityMenu(unsigned pid, int x, int y, HWND owner) {
+    ShowPriorityMenu(g_processList, pid, x, y, owner);
 }
 
 int ShowWindowsMenu(unsigned pid, int x, int y, HWND owner) { return BringProcessWindowToFront(pid, x, y, owner); }
@@ -53,7 +49,7 @@ PaneActions ProgramPaneActions() {
     actions.pageOut = actions::PageOut;
     actions.setPriority = actions::SetPriority;
     actions.openInShell = OpenInShell;
-    actions.showPriorityMenu = ShowPriorityMenu;
+    actions.showPriorityMenu = ShowPanePriorityMenu;
     actions.showWindowsMenu = ShowWindowsMenu;
     actions.openNetworkEndpoints = OpenNetworkEndpoints;
     actions.priorityName = PriorityClassName;

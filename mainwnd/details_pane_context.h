@@ -24,15 +24,13 @@ struct DetailsPaneContext {
     // the controls back, which would cost a message round trip to the pane's thread for each one.
     unsigned shownPid = 0;      // mirrors the hidden PID field, which only DetailsPaneShowProcess writes
     std::wstring shownTexts[4];   // name, second line, path, priority
-    HWND graph = nullptr;         // the small graph control, found once
-    uint64_t graphSignature = 0;  // of the graph as last drawn for shownPid
 };
 
 DetailsPaneContext* PaneContextOf(HWND pane);
 
 // Fills the views for the process in the hidden PID field (the views of details_pane_view.cpp).
 void RefreshPaneViews(DetailsPaneContext& context, bool processChanged);
-// Paints the small CPU and memory graph of the shown process into the owner-drawn static.
+// Repaints the small CPU and memory graph of the shown process as last drawn into the owner-drawn static.
 void DrawPaneGraph(const DetailsPaneContext& context, const DRAWITEMSTRUCT& item);
 // A push button with its small icon and text, for when no painter was handed in.
 void DrawPlainPaneButton(const DRAWITEMSTRUCT& item);

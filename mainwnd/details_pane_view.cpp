@@ -11,9 +11,12 @@
 namespace lmvx {
 namespace {
 
-constexpr COLORREF kCpuColour = RGB(0, 200, 0);
-constexpr COLORREF kMemoryColour = RGB(255, 200, 0);
-constexpr COLORREF kMemoryFill = RGB(96, 80, 0);
+// Colour words as the graph takes them (0x00BBGGRR): memory olive under yellow, CPU dark green under green.
+constexpr COLORREF kMemoryFill = 0x008080;
+constexpr COLORREF kCpuFill = 0x008000;
+constexpr COLORREF kMemoryLine = 0x00FFFF;
+constexpr COLORREF kCpuLine = 0x00FF00;
+constexpr unsigned kPointIntervalMs = 500;
 
 void ShowTexts(DetailsPaneContext& context, const wchar_t* name, const wchar_t* company, const wchar_t* path,
                const wchar_t* priority) {
@@ -41,25 +44,12 @@ void ShowNoteOf(DetailsPaneContext& context, const wchar_t* imageName) {
     EnableWindow(notes, !context.noteName.empty());
 }
 
-// The graph control is repainted when the process changed or its history would draw differently.
-void RepaintGraphIfChanged(DetailsPaneContext& context, bool processChanged) {
-    if (!context.graph) context.graph = GetDlgItem(context.pane, IDC_PANE_GRAPH);
-    const wren::PERFGRAPH* graph =
-        context.actions.historyGraph && context.shownPid ? context.actions.historyGraph(context.shownPid) : nullptr;
-    RECT client{};
-    GetClientRect(context.graph, &client);
-    const uint64_t signature = graph ? graph->GetPictureSignature(client.right, client.bottom) : 0;
-    if (!processChanged && signature == context.graphSignature) return;
-    context.graphSignature = signature;
-    InvalidateRect(context.graph, nullptr, FALSE);
-}
-
 }  // namespace
 
 void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
     const kestrel::TL_PROCESSLIST& provider = *context.provider;
     const int item = provider.GetItemByPID(context.shownPid);
-    RepaintGraphIfChanged(context, processChanged);
+    if (processChanged) InvalidateRect(GetDlgItem(context.pane, IDC_PANE_GRAPH), nullptr, FALSE);
     if (item < 0) {
         // A process that has ended keeps its last view until another one is selected.
         if (processChanged) {
@@ -80,19 +70,26 @@ void RefreshPaneViews(DetailsPaneContext& context, bool processChanged) {
 }
 
 void DrawPaneGraph(const DetailsPaneContext& context, const DRAWITEMSTRUCT& item) {
+    // The refresh thread draws the graph each cycle; a repaint in between shows its last picture.
     const unsigned pid = context.shownPid;
     wren::PERFGRAPH* graph = context.actions.historyGraph && pid ? context.actions.historyGraph(pid) : nullptr;
     RECT area = item.rcItem;
-    if (graph && graph->RenderOpen(item.hwndItem, item.hDC, 0)) {
-        graph->RenderFill(kMemoryFill, 1);
-        graph->RenderGrid();
-        graph->RenderLine(kMemoryColour, 1);
-        graph->RenderLine(kCpuColour, 0);
-        graph->RenderClose();
-    } else {
+    if (!graph || !graph->UpdateGraph(item.hwndItem, item.hDC, 0)) {
         FillRect(item.hDC, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
     }
-    DrawEdge(item.hDC, &area, BDR_SUNKENOUTER, BF_RECT);
+}
+
+void DrawProcessGraphInPane(HWND pane, unsigned pid) {
+    const DetailsPaneContext* context = PaneContextOf(pane);
+    if (!context || !context->actions.historyGraph || context->provider->GetItemByPID(pid) < 0) return;
+    wren::PERFGRAPH* graph = context->actions.historyGraph(pid);
+    if (!graph || !graph->RenderOpen(GetDlgItem(pane, IDC_PANE_GRAPH), nullptr, kPointIntervalMs)) return;
+    graph->RenderFill(kMemoryFill, 1);
+    graph->RenderFill(kCpuFill, 0);
+    graph->RenderGrid();
+    graph->RenderLine(kMemoryLine, 1);
+    graph->RenderLine(kCpuLine, 0);
+    graph->RenderClose();
 }
 
 void DrawPlainPaneButton(const DRAWITEMSTRUCT& item) {

@@ -11,6 +11,7 @@
 #include "mainwnd/command_dispatch.h"
 #include "mainwnd/command_dispatch_process.h"
 #include "mainwnd/details_pane_actions.h"
+#include "mainwnd/limited_access_menu.h"
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/main_window_state.h"
 #include "mainwnd/process_menu.h"
@@ -24,9 +25,12 @@ namespace {
 
 // How long the end of the program waits for open properties windows to close.
 constexpr DWORD kPropertiesCloseTimeoutMs = 2000;
+// lParam: the std::function<void()> to run on this thread.
+constexpr UINT kRunOnThisThreadMessage = WM_APP + 0x102;
 
 MainWindowState* StateOf(HWND window) {
-    return reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    auto* state = reinterpret_cast<MainWindowState*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return IsMainWindowRecord(state) ? state : nullptr;
 }
 
 void SetProgramIcons(MainWindowState& state) {
@@ -45,6 +49,7 @@ void ReplaceMenu(HWND window) {
 
 INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     auto state = std::make_unique<MainWindowState>();
+    state->creator = reinterpret_cast<const void*>(&OnInitDialog);
     state->window = window;
     state->start = start;
     if (start) start->mainWindow = window;
@@ -67,30 +72,29 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
     state->processList.Attach(GetDlgItem(window, IDC_PROCESS_LIST), g_processList);
     state->processList.RestoreState();
     perf::CreateStatusBar(state->perfDisplays, window);
+    state->perfDisplays.statusBar.limitedAccessMenu = [window](POINT at) { return ShowLimitedAccessMenu(window, at); };
     state->children.statusBar = state->perfDisplays.statusBar.bar;
     perf::AddPerfDisplayHooks(state->perfDisplays, state->refreshHooks);
     HWND pane = DetailsPaneCreate(window, state->processList.GetListView(), g_processList, ProgramPaneActions());
     state->children.detailsPane = pane;
     state->children.detailsPaneWidth = pane ? DetailsPanePreferredWidth(pane) : 0;
-    state->refreshHooks.refreshDetailsViews = [pane, main = state.get(), firstRows = true](HWND list) mutable {
-        // The first rows arrive with the first snapshot: select the top one, so the pane shows a process at once.
-        if (firstRows && ListView_GetItemCount(list) > 0) {
-            firstRows = false;
-            if (ListView_GetNextItem(list, -1, LVNI_SELECTED) < 0) {
-                ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-            }
-        }
-        const std::optional<unsigned> selectedRow = main->processList.SelectedPid();
-        const unsigned selected = selectedRow ? *selectedRow : kNoProcess;
-        main->selectedPidOfRefresh = selected;
-        DetailsPaneFollowSelection(pane, selected == kNoProcess ? 0 : selected);
+    state->refreshHooks.refreshDetailsViews = [pane, main = state.get()](HWND) {
+        RunOnMainWindowThread(main->window, [&] {
+            const std::optional<unsigned> selectedRow = main->processList.SelectedPid();
+            const unsigned selected = selectedRow ? *selectedRow : kNoProcess;
+            main->selectedPidOfRefresh = selected;
+            DetailsPaneFollowSelection(pane, selected == kNoProcess ? 0 : selected);
+        });
     };
 
     // Runs right after the details views in the same view refresh: their reading of the selection holds.
     state->refreshHooks.rebuildProcessMenu = [main = state.get()] {
-        RefreshProcessMenu(*main, main->selectedPidOfRefresh.load());
+        RunOnMainWindowThread(main->window, [main] { RefreshProcessMenu(*main, main->selectedPidOfRefresh); });
     };
-    state->refreshHooks.sampleSystem = perf::SamplePerformance;
+    // Every cycle on the refresh thread, also while the window is hidden: the graph of the marked process.
+    state->refreshHooks.updateSelectionView = [pane, main = state.get()](HWND) {
+        if (const std::optional<unsigned> marked = main->processList.MarkedPid()) DrawProcessGraphInPane(pane, *marked);
+    };
     state->refreshHooks.setSamplerInterval = perf::SetSamplerInterval;
     state->refreshCycle.Init(window, state->refreshHooks);
     state->refreshCycle.LoadRate();
@@ -113,6 +117,7 @@ INT_PTR OnInitDialog(HWND window, MainWindowStart* start) {
 // Everything the window saves when it closes, in the order the settings expect.
 void SaveStateAtClose(MainWindowState& state) {
     SaveMainWindowPlacement(state.window);
+    state.perfDisplays.tray.TrayShutdown();   // after the refresh thread, which redraws the icon, has ended
     state.processList.SaveSortState();
     state.refreshCycle.SavePeriod();
     const bool topmost = (GetWindowLongPtrW(state.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
@@ -163,6 +168,14 @@ unsigned MainWindowRefreshPeriod() {
     return wren::regOptions.GetOptionDWORD(options::UpdateInterval.name, options::UpdateInterval.defaultValue);
 }
 
+void RunOnMainWindowThread(HWND mainWindow, const std::function<void()>& work) {
+    if (GetWindowThreadProcessId(mainWindow, nullptr) == GetCurrentThreadId()) {
+        work();
+    } else {
+        SendMessageW(mainWindow, kRunOnThisThreadMessage, 0, reinterpret_cast<LPARAM>(&work));
+    }
+}
+
 INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (MainWindowState* state = StateOf(window);
         state && perf::OnPerfDisplayMessage(state->perfDisplays, window, message, wParam, lParam)) {
@@ -191,6 +204,9 @@ INT_PTR CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         return TRUE;
     case WM_USER + 1:
         if (MainWindowState* state = StateOf(window)) state->propertiesWindows.Remove(reinterpret_cast<HWND>(wParam));
+        return TRUE;
+    case kRunOnThisThreadMessage:
+        if (StateOf(window)) (*reinterpret_cast<const std::function<void()>*>(lParam))();
         return TRUE;
     case WM_DESTROY:
         OnDestroy(window);

@@ -9,6 +9,7 @@
 #include "mainwnd/main_window_layout.h"
 #include "mainwnd/properties_windows.h"
 #include "perf/perf_displays.h"
+#include "perf/status_bar.h"
 #include "perf/toolbar.h"
 #include "proclist/process_list_view.h"
 #include "proclist/refresh_cycle.h"
@@ -17,7 +18,15 @@ namespace lmvx {
 
 struct MainWindowStart;
 
+inline constexpr DWORD kMainWindowTag = 0x4D41494E;   // "MAIN"
+
 struct MainWindowState {
+    // The tag every window-bound record starts with; a record whose words do not match is no record.
+    DWORD signature = perf::kRecordSignature;
+    DWORD typeTag = kMainWindowTag;
+    const void* creator = nullptr;
+    DWORD size = sizeof(MainWindowState);
+
     HWND window = nullptr;
     MainWindowStart* start = nullptr;
     UniqueIcon bigIcon;
@@ -35,11 +44,16 @@ struct MainWindowState {
     // True while a menu of the main window is open: the Process popup is then not replaced under the user.
     std::atomic<bool> menuOpen{false};
     // The selected PID as the details views read it in this view refresh; the Process menu, rebuilt right
-    // after them, uses it instead of asking the list again (two messages across threads each time).
-    std::atomic<unsigned> selectedPidOfRefresh{0xFFFFFFFFu};
-    // The pause button's text as last written, so an unchanged one costs no message.
-    std::atomic<UINT> pauseButtonTextId{0};
+    // after them, uses it instead of asking the list again. UI thread only, like the pane and the menu.
+    unsigned selectedPidOfRefresh = 0xFFFFFFFFu;
+    // The pause button's text as last written, so an unchanged one costs no message. UI thread only.
+    UINT pauseButtonTextId = 0;
     OpenPropertiesWindows propertiesWindows;
 };
+
+inline bool IsMainWindowRecord(const MainWindowState* state) {
+    return state && state->signature == perf::kRecordSignature && state->typeTag == kMainWindowTag &&
+           state->size == sizeof(MainWindowState);
+}
 
 }  // namespace lmvx

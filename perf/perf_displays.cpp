@@ -32,8 +32,8 @@ void CreateStatusBar(PerfDisplays& displays, HWND mainWindow) {
 }
 
 void AddPerfDisplayHooks(PerfDisplays& displays, proclist::RefreshHooks& hooks) {
+    hooks.sampleSystem = [&displays] { SamplePerformance([&displays] { displays.tray.TrayUpdate(); }); };
     hooks.updatePerformancePopups = [&displays] {
-        displays.tray.TrayUpdate();
         displays.cpuPopup.PopupRefresh();
         displays.memoryPopup.PopupRefresh();
     };
@@ -67,9 +67,6 @@ bool OnPerfDisplayMessage(PerfDisplays& displays, HWND mainWindow, UINT message,
         return false;
     case WM_TIMER:
         if (wParam == kNoticeTimer) StatusBarHideNotice(displays.statusBar);
-        return false;
-    case WM_DESTROY:
-        displays.tray.TrayShutdown();
         return false;
     default:
         return false;

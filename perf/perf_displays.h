@@ -25,8 +25,8 @@ struct PerfDisplays {
 void CreateTrayIcon(PerfDisplays& displays, HWND mainWindow, HICON smallIcon);
 void CreatePerfPopups(PerfDisplays& displays, HWND mainWindow);
 void CreateStatusBar(PerfDisplays& displays, HWND mainWindow);
-// The displays' parts of each refresh cycle: tray picture and pop-ups after each sample, the status bar in
-// the view refresh.
+// The displays' parts of each refresh cycle: the sample with the tray picture between the counters and the
+// graph points, the pop-ups after it, the status bar in the view refresh.
 void AddPerfDisplayHooks(PerfDisplays& displays, proclist::RefreshHooks& hooks);
 
 // Looks at every message of the main window. Returns true when the message was the displays' own and is

@@ -173,8 +173,12 @@ void PerfPopup::PopupInit() {
 }
 
 void PerfPopup::SetUpFrame() {
-    glassFrame_ = ExtendGlassFrame(window_);
-    if (!glassFrame_) MakeLayeredFrame(window_);
+    glassFrame_ = UsesGlassFramePath();
+    if (glassFrame_) {
+        ExtendGlassFrame(window_);
+    } else {
+        MakeLayeredFrame(window_);
+    }
 }
 
 void PerfPopup::OnHoverTimer() {

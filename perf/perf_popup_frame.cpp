@@ -9,7 +9,6 @@ struct GlassMargins {
     int left, right, top, bottom;
 };
 using ExtendFrameFunction = HRESULT(WINAPI*)(HWND, const GlassMargins*);
-using CompositionEnabledFunction = HRESULT(WINAPI*)(BOOL*);
 
 constexpr int kGlassBottom = 47;
 constexpr BYTE kLayeredAlpha = 192;
@@ -22,14 +21,15 @@ HMODULE DwmLibrary() {
 
 }  // namespace
 
+bool UsesGlassFramePath() {
+    return wren::IsOSVistaOrHigher() != 0;
+}
+
 bool ExtendGlassFrame(HWND window) {
-    if (!wren::IsOSVistaOrHigher()) return false;
     HMODULE dwm = DwmLibrary();
     if (!dwm) return false;
-    auto isEnabled = reinterpret_cast<CompositionEnabledFunction>(GetProcAddress(dwm, "DwmIsCompositionEnabled"));
     auto extend = reinterpret_cast<ExtendFrameFunction>(GetProcAddress(dwm, "DwmExtendFrameIntoClientArea"));
-    BOOL enabled = FALSE;
-    if (!isEnabled || !extend || FAILED(isEnabled(&enabled)) || !enabled) return false;
+    if (!extend) return false;
     const GlassMargins margins{0, 0, 0, kGlassBottom};
     return SUCCEEDED(extend(window, &margins));
 }

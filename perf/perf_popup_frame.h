@@ -1,11 +1,14 @@
-// The pop-ups' frame: the glass frame where the system offers it, otherwise a translucent layered window.
+// The pop-ups' frame: on Vista and later the caption stays and the glass frame reaches into the client area;
+// before Vista the pop-up is a translucent layered window without caption.
 #pragma once
 #include <windows.h>
 
 namespace lmvx::perf {
 
-// Extends the glass frame 47 pixels into the bottom of the client area. False when the system has no
-// glass (before Vista, or without desktop composition, as under Wine): the caller then uses the layered path.
+// True on Vista and later: the frame keeps its caption (ExtendGlassFrame), and placement uses its offsets.
+bool UsesGlassFramePath();
+// Extends the glass frame 47 pixels into the bottom of the client area. False when the call fails (no
+// desktop composition, as under Wine): the frame then simply stays an ordinary frame.
 bool ExtendGlassFrame(HWND window);
 
 // The layered path: drop shadow, 192/255 opaque, no caption, and the size that keeps the client area.

@@ -47,8 +47,10 @@ int InitSystemGraphs(const kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpu
     return 1;
 }
 
-int SampleInto(kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpuGraph, wren::PERFGRAPH& memoryGraph) {
+int SampleInto(kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpuGraph, wren::PERFGRAPH& memoryGraph,
+               const std::function<void()>& afterCounters) {
     counters.Update();
+    if (afterCounters) afterCounters();
     cpuGraph.SetDataPoint(UsagePoint(counters.GetCPUUsage()), GetTickCount(), kCpuUsageSeries);
     cpuGraph.SetDataPoint(UsagePoint(counters.GetSystemCPUUsage()), GetTickCount(), kSystemCpuSeries);
     cpuGraph.SetDataPoint(counters.GetContextSwitchDelta(), GetTickCount(), kContextSwitchSeries);
@@ -67,8 +69,8 @@ int InitPerformance() {
 
 void KeepPerfMonSource() { g_perfMonSource = kestrel::GetGlobalPerfMonSourcePtr(); }
 
-int SamplePerformance() {
-    SampleInto(g_sysPerfInfo, g_cpuGraph, g_memoryGraph);
+int SamplePerformance(const std::function<void()>& afterCounters) {
+    SampleInto(g_sysPerfInfo, g_cpuGraph, g_memoryGraph, afterCounters);
     kestrel::UpdateProcessHistories(g_processList);
     return 1;
 }

@@ -2,11 +2,13 @@
 // performance source, created at start-up and fed once per refresh cycle on the refresh thread.
 //
 // Start-up:      InitPerformance(); ... KeepPerfMonSource();
-// Refresh cycle: hooks.sampleSystem = lmvx::perf::SamplePerformance;           (right after the provider's Update)
+// Refresh cycle: hooks.sampleSystem runs SamplePerformance (AddPerfDisplayHooks)  (right after the provider's Update)
 //                hooks.setSamplerInterval = lmvx::perf::SetSamplerInterval;
 // Readers:       g_sysPerfInfo, g_cpuGraph, g_memoryGraph, g_perfMonSource (pop-ups, status bar, tray icon).
 #pragma once
 #include <windows.h>
+
+#include <functional>
 
 #include "kestrel.h"
 #include "wren.h"
@@ -42,8 +44,10 @@ constexpr unsigned UsedPhysicalKB(unsigned totalKB, unsigned availableKB) {
 // ---- Building blocks, on given objects ----
 // Registers the three series of each graph; the memory scale maxima are the counters' figures now and stay.
 int InitSystemGraphs(const kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpuGraph, wren::PERFGRAPH& memoryGraph);
-// Updates the counters and adds one point to each of the six series, each stamped just before it is added.
-int SampleInto(kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpuGraph, wren::PERFGRAPH& memoryGraph);
+// Updates the counters, calls afterCounters (the tray icon's update), and adds one point to each of the six
+// series, each stamped just before it is added.
+int SampleInto(kestrel::_SYSPERFINFO& counters, wren::PERFGRAPH& cpuGraph, wren::PERFGRAPH& memoryGraph,
+               const std::function<void()>& afterCounters = {});
 
 // ---- The program's objects ----
 extern kestrel::_SYSPERFINFO g_sysPerfInfo;
@@ -57,9 +61,9 @@ extern HBRUSH g_popupBrushDark;
 int InitPerformance();
 // Start-up: keeps the library's performance source for the status bar and the tray icon.
 void KeepPerfMonSource();
-// One sample, on the refresh thread right after the provider's update: counters, the six graph points,
-// and each process's own history.
-int SamplePerformance();
+// One sample, on the refresh thread right after the provider's update: counters, afterCounters (the tray
+// icon), the six graph points, and each process's own history.
+int SamplePerformance(const std::function<void()>& afterCounters = {});
 // A new refresh rate: the performance source's period and its half.
 void SetSamplerInterval(unsigned periodMs, unsigned halfPeriodMs);
 

@@ -49,6 +49,9 @@ void TrayIcon::ShowUsage(unsigned usagePercent) {
 
 void TrayIcon::TrayShutdown() {
     icon_.Delete();
+    for (int level = 0; level < kCpuLevelCount - 1; ++level) levelIcons_[level].Reset();
+    // Intended: the level 10 picture is left to the end of the process.
+    levelIcons_[kCpuLevelCount - 1].Release();
 }
 
 HICON TrayIcon::LevelIcon(int level) const {

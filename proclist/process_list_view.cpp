@@ -32,6 +32,9 @@ const wchar_t* HeaderText(const ColumnSpec& column) {
     return UIL_LangModule.GetLangString(column.headerStringId);
 }
 
+// Posted to the control by the gate's holder when a refresh of the UI thread had to give way to it.
+constexpr UINT kRetryRefreshMessage = WM_APP + 0x101;
+
 // Rows a refresh must add before the control stops drawing until the refresh is done.
 constexpr int kRowsWorthARedrawPause = 16;
 
@@ -68,6 +71,9 @@ LRESULT CALLBACK ProcessListView::ListViewProc(HWND window, UINT message, WPARAM
     ProcessListView* self = FromControl(window);
     if (!self || !self->previousListProc_) return DefWindowProcW(window, message, wParam, lParam);
     switch (message) {
+    case kRetryRefreshMessage:
+        self->Refresh();
+        return 0;
     case LVM_INSERTITEMA:
     case LVM_INSERTITEMW:
     case LVM_DELETEITEM:
@@ -90,17 +96,37 @@ auto ProcessListView::OwnRowChange(Change change) {
     return result;
 }
 
-std::optional<unsigned> ProcessListView::SelectedPid() {
+bool ProcessListView::OnControlThread() const {
+    return GetWindowThreadProcessId(listView_, nullptr) == GetCurrentThreadId();
+}
+
+template <typename FindRow>
+std::optional<unsigned> ProcessListView::PidOfRowFoundBy(FindRow findRow) {
     if (!listView_) return std::nullopt;
-    const int row = ListView_GetNextItem(listView_, -1, LVNI_SELECTED);
+    std::optional<RefreshGate::Pass> pass;
+    // Elsewhere, the rows hold still first, so that the row number and its PID belong together.
+    if (!OnControlThread()) pass.emplace(refreshGate_);
+    const int row = findRow();
     if (row < 0) return std::nullopt;
-    {
-        const RefreshGate::Pass pass(refreshGate_, listView_);   // the copy does not change meanwhile
-        if (!rowsChangedElsewhere_ && row < shadow_.Count()) return shadow_.PidAt(row);
-    }
+    if (pass && !rowsChangedElsewhere_ && row < shadow_.Count()) return shadow_.PidAt(row);
     unsigned pid = 0;
     if (!ReadRowPid(listView_, row, &pid)) return std::nullopt;
     return pid;
+}
+
+std::optional<unsigned> ProcessListView::SelectedPid() {
+    return PidOfRowFoundBy([this] { return ListView_GetNextItem(listView_, -1, LVNI_SELECTED); });
+}
+
+std::optional<unsigned> ProcessListView::MarkedPid() {
+    return PidOfRowFoundBy([this] {
+        int mark = ListView_GetSelectionMark(listView_);
+        if (mark < 0) {
+            mark = ListView_GetItemCount(listView_) - 1;
+            if (mark >= 0) ListView_SetSelectionMark(listView_, mark);
+        }
+        return mark;
+    });
 }
 
 bool ProcessListView::Attach(HWND listView, const kestrel::TL_PROCESSLIST& provider) {
@@ -109,10 +135,10 @@ bool ProcessListView::Attach(HWND listView, const kestrel::TL_PROCESSLIST& provi
 
 bool ProcessListView::Attach(HWND listView, std::unique_ptr<ProcessSource> source) {
     if (!listView || !source) return false;
-    sortMode_ = 0;
-    reverse_ = 0;
+    sortState_ = SortState{};
     listView_ = listView;
     source_ = std::move(source);
+    refreshGate_.SetUiWindow(listView_, kRetryRefreshMessage);
     SetWindowLongPtrW(listView_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     rowsChangedElsewhere_ = true;
     if (!previousListProc_) {
@@ -141,9 +167,11 @@ ProcessListView* ProcessListView::FromControl(HWND listView) {
 
 void ProcessListView::RestoreState() {
     RestoreColumnOrder();
-    sortMode_ = wren::regOptions.GetOptionDWORD(options::TaskListSortMode.name, options::TaskListSortMode.defaultValue);
-    reverse_ = wren::regOptions.GetOptionBOOL(options::TaskListSortReverse.name,
-                                              options::TaskListSortReverse.defaultValue);
+    SortState stored;
+    stored.mode = wren::regOptions.GetOptionDWORD(options::TaskListSortMode.name, options::TaskListSortMode.defaultValue);
+    stored.reverse = wren::regOptions.GetOptionBOOL(options::TaskListSortReverse.name,
+                                                    options::TaskListSortReverse.defaultValue) != 0;
+    sortState_ = stored;
     Refresh();
     UpdateSortMenu();
 }
@@ -171,28 +199,29 @@ void ProcessListView::SaveColumnOrder() const {
 }
 
 void ProcessListView::SaveSortState() const {
-    wren::regOptions.SetOptionDWORD(options::TaskListSortMode.name, sortMode_);
-    wren::regOptions.SetOptionBOOL(options::TaskListSortReverse.name, reverse_);
+    const SortState state = sortState_;
+    wren::regOptions.SetOptionDWORD(options::TaskListSortMode.name, state.mode);
+    wren::regOptions.SetOptionBOOL(options::TaskListSortReverse.name, state.reverse ? 1 : 0);
 }
 
 SortState ProcessListView::GetSortState() const {
-    return {sortMode_, reverse_ != 0};
+    return sortState_;
 }
 
 void ProcessListView::SetSortState(SortState state) {
-    sortMode_ = state.mode;
-    reverse_ = state.reverse ? 1 : 0;
+    sortState_ = state;
 }
 
 int ProcessListView::Refresh() {
     if (!listView_ || !source_) return 0;
-    const RefreshGate::Pass pass(refreshGate_, listView_);
+    const RefreshGate::Pass pass(refreshGate_);
     if (!pass.Held()) return 0;
+    activeSort_ = sortState_;
     const bool blankZero = wren::regOptions.GetOptionBOOL(options::BlankZero.name, options::BlankZero.defaultValue);
     // Read like every other option of the list; memory is shown in KB whatever it says.
     wren::regOptions.GetOptionBOOL(options::PreferMB.name, options::PreferMB.defaultValue);
     const wchar_t* startTimeFormat = UIL_LangModule.GetLangString(IDS_START_TIME_FORMAT);
-    const bool treeMode = sortMode_ == kSortProcessTree;
+    const bool treeMode = activeSort_.mode == kSortProcessTree;
 
     SyncShadowWithControl();
     const int count = source_->GetItemCount();
@@ -311,8 +340,8 @@ void ProcessListView::SortIfMisplaced() {
 void ProcessListView::FollowControlSort() {
     // When no two rows compare equal there is only one sorted order, so the copy sorts itself to it;
     // otherwise the control's order among equal rows is its own and is read back.
-    const unsigned mode = sortMode_;
-    const bool reverse = reverse_ != 0;
+    const unsigned mode = activeSort_.mode;
+    const bool reverse = activeSort_.reverse;
     const SortField field = SortFieldOfMode(mode);
     std::vector<SortKey> keys;
     keys.reserve(static_cast<size_t>(shadow_.Count()));
@@ -341,9 +370,9 @@ int ProcessListView::CompareRows(int rowA, int rowB) const {
 }
 
 int ProcessListView::ComparePids(unsigned pidA, unsigned pidB) const {
-    const unsigned mode = sortMode_;
+    const unsigned mode = activeSort_.mode;
     const SortField field = SortFieldOfMode(mode);
-    return CompareSortKeys(mode, reverse_ != 0, KeyOfPid(pidA, field), KeyOfPid(pidB, field),
+    return CompareSortKeys(mode, activeSort_.reverse, KeyOfPid(pidA, field), KeyOfPid(pidB, field),
                            CompareTextDefaultLocale);
 }
 

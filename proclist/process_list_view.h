@@ -59,11 +59,14 @@ public:
     SortState GetSortState() const;
     void SetSortState(SortState state);
     HWND GetListView() const { return listView_; }
-    // The PID of the selected row, none when no row is selected. One message to the control: the row's
-    // PID comes from the copy of the rows, unless their order is not known for certain.
+    // The PID of the selected row, none when no row is selected. On the control's own thread it is read
+    // from the control, which nothing else changes meanwhile; elsewhere the rows are held still first and
+    // the PID comes from the copy of the rows, unless their order is not known for certain.
     std::optional<unsigned> SelectedPid();
+    // The same for the row at the selection mark, which is first set to the last row when there is none.
+    std::optional<unsigned> MarkedPid();
     // Held by every refresh; the refresh thread also holds it while the provider switches snapshots, so
-    // the rows' keys cannot change in the middle of a refresh.
+    // the rows' keys cannot change in the middle of a refresh. The UI thread never waits for it.
     RefreshGate& GetRefreshGate() { return refreshGate_; }
 
 private:
@@ -74,6 +77,9 @@ private:
     template <typename Change>
     auto OwnRowChange(Change change);
     static int CALLBACK ComparePidsCallback(LPARAM pidA, LPARAM pidB, LPARAM self);
+    bool OnControlThread() const;
+    template <typename FindRow>
+    std::optional<unsigned> PidOfRowFoundBy(FindRow findRow);
     int CompareRows(int rowA, int rowB) const;
     int ComparePids(unsigned pidA, unsigned pidB) const;
     SortKey KeyOfPid(unsigned pid, SortField field) const;
@@ -88,9 +94,11 @@ private:
     void SortIfMisplaced();
     void FollowControlSort();
 
-    // Read by the refresh thread while the UI thread may change them, hence atomic.
-    std::atomic<unsigned> sortMode_{0};
-    std::atomic<int> reverse_{0};
+    // Written by the UI thread's commands as one value; each refresh orders its rows by the value it read
+    // at its start (activeSort_, touched only by the refresh holding the gate), so one refresh never mixes
+    // two orders.
+    std::atomic<SortState> sortState_{SortState{}};
+    SortState activeSort_;
     std::unique_ptr<ProcessSource> source_;
     HWND listView_ = nullptr;
     // What the rows were last given, so unchanged cells and row look-ups cost no message to the control.

@@ -116,7 +116,7 @@ void RefreshCycle::UpdateProvider() {
     // Not while the list refreshes on the UI thread: its sort and its copy of the rows read one snapshot.
     ProcessListView* list = ProcessListView::FromControl(processList_);
     std::optional<RefreshGate::Pass> pass;
-    if (list) pass.emplace(list->GetRefreshGate(), mainWindow_);
+    if (list) pass.emplace(list->GetRefreshGate());
     // The only call of Update() in the program: every reader of this cycle sees the new snapshot.
     provider_.Update();
 }

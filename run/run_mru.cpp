@@ -16,8 +16,8 @@ std::vector<std::wstring> ReadRunMruEntries(HKEY runMru) {
     for (DWORD index = 0;; ++index) {
         wchar_t name[56] = {};
         DWORD nameLength = 56;
-        wchar_t data[512] = {};   // 1024 bytes, one kept for the terminator below
-        DWORD dataBytes = sizeof(data) - sizeof(wchar_t);
+        wchar_t data[513] = {};   // 1024 bytes of data and a terminator that stays zero
+        DWORD dataBytes = 1024;
         DWORD type = 0;
         if (RegEnumValueW(runMru, index, name, &nameLength, nullptr, &type, reinterpret_cast<BYTE*>(data),
                           &dataBytes) != ERROR_SUCCESS)

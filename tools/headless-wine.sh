@@ -1,6 +1,6 @@
 # Sourced by the scripts that run Lumivex without a display: starts a private Xvfb with the given screen
 # size, exports DISPLAY, arranges for it and the prefix's wineserver to stop on exit, and creates the
-# Wine prefix ($WINEPREFIX) on its first use.
+# Wine prefix ($WINEPREFIX) on its first use, with Wine's own fonts in it.
 #   headless_size=WIDTHxHEIGHT headless_logs=LOG_FOLDER; . tools/headless-wine.sh
 n=95
 while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
@@ -16,3 +16,4 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
     wineboot -i </dev/null >/dev/null 2>&1 || true
     wineserver -w </dev/null >/dev/null 2>&1 || true
 fi
+. "$(dirname "$0")/wine-fonts.sh"

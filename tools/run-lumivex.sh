@@ -10,6 +10,8 @@ bin="$build/bin"
 desktop="explorer /desktop=lumivex,1280x800"
 
 if [ -n "${DISPLAY:-}" ]; then
+    [ -f "$WINEPREFIX/system.reg" ] || wineboot -i </dev/null >/dev/null 2>&1 || true
+    . "$(dirname "$0")/wine-fonts.sh"
     cd "$bin" && exec wine $desktop lmvx64.exe
 fi
 

@@ -9,11 +9,13 @@ namespace kestrel::nt {
 constexpr NTSTATUS StatusSuccess = 0;
 constexpr NTSTATUS StatusInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004L);
 constexpr NTSTATUS StatusBufferTooSmall = static_cast<NTSTATUS>(0xC0000023L);
+constexpr NTSTATUS StatusInvalidInfoClass = static_cast<NTSTATUS>(0xC0000003L);
 constexpr NTSTATUS StatusBufferOverflow = static_cast<NTSTATUS>(0x80000005L);
 
 constexpr ULONG SystemProcessInformationClass = 5;
 constexpr ULONG ProcessBasicInformationClass = 0;
 constexpr ULONG ProcessCommandLineInformationClass = 60;
+constexpr ULONG ThreadSuspendCountClass = 35;   // Windows 8.1 and later; Wine answers it too
 
 // One entry of SystemProcessInformation; thread entries follow it and NextEntryOffset skips them.
 struct SystemProcessEntry {

@@ -2,7 +2,11 @@
 
 #include <tlhelp32.h>
 
-#include <algorithm>
+#include <optional>
+
+#include "nt_api.h"
+#include "system_process_buffer.h"
+#include "thread_states.h"
 
 namespace kestrel::detail {
 
@@ -62,25 +66,82 @@ NextThreadFn NextThreadCall() {
 
 }  // namespace
 
-bool AllThreadsSuspended(unsigned pid) {
-    const NextThreadFn nextThread = NextThreadCall();
-    if (!nextThread) {
-        const std::vector<DWORD> threads = ThreadIdsOfProcess(pid);
-        return !threads.empty() && std::all_of(threads.begin(), threads.end(),
-                                               [](DWORD threadId) { return ThreadSuspendState(threadId) == 1; });
+namespace {
+
+// Calls visit(thread) for each thread of the process, opened with access (null when it could not be),
+// until visit returns false.
+template <typename Visit>
+void ForEachThreadOf(unsigned pid, DWORD access, Visit&& visit) {
+    if (const NextThreadFn nextThread = NextThreadCall()) {
+        UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, pid));
+        if (!process) return;
+        UniqueHandle thread;
+        for (;;) {
+            HANDLE next = nullptr;
+            if (nextThread(process.Get(), thread.Get(), access, 0, 0, &next) < 0) return;
+            thread.Reset(next);
+            if (!visit(thread.Get())) return;
+        }
     }
-    UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, pid));
-    if (!process) return false;
-    UniqueHandle thread;
+    for (DWORD threadId : ThreadIdsOfProcess(pid)) {
+        UniqueHandle thread(OpenThread(access, FALSE, threadId));
+        if (!visit(thread.Get())) return;
+    }
+}
+
+std::optional<bool> SuspendedBySuspendCounts(unsigned pid) {
+    const nt::QueryInformationThreadFn query = nt::QueryInformationThread();
+    if (!query) return std::nullopt;
+    bool supported = true;
     bool sawThread = false;
-    for (;;) {
-        HANDLE next = nullptr;
-        if (nextThread(process.Get(), thread.Get(), THREAD_SUSPEND_RESUME, 0, 0, &next) < 0) break;
-        thread.Reset(next);
-        if (SuspendStateOfOpenThread(thread.Get()) != 1) return false;
+    bool allSuspended = true;
+    ForEachThreadOf(pid, THREAD_QUERY_LIMITED_INFORMATION, [&](HANDLE thread) {
+        ULONG count = 0;
+        const NTSTATUS status =
+            thread ? query(thread, nt::ThreadSuspendCountClass, &count, sizeof count, nullptr) : nt::StatusInvalidInfoClass;
+        if (thread && status == nt::StatusInvalidInfoClass) {
+            supported = false;
+            return false;
+        }
         sawThread = true;
-    }
-    return sawThread;
+        allSuspended = status >= 0 && count > 0;
+        return allSuspended;
+    });
+    if (!supported) return std::nullopt;
+    return sawThread && allSuspended;
+}
+
+std::optional<bool> SuspendedByThreadStates(unsigned pid) {
+    SystemProcessBuffer processes;
+    if (!processes.Query()) return std::nullopt;
+    std::vector<ThreadStateReading> readings;
+    processes.ForEach([&](const nt::SystemProcessEntry& entry) {
+        if (reinterpret_cast<ULONG_PTR>(entry.UniqueProcessId) != pid) return;
+        const auto* threads = reinterpret_cast<const nt::SystemThreadEntry*>(&entry + 1);
+        for (ULONG i = 0; i < entry.NumberOfThreads; ++i) {
+            readings.push_back({threads[i].ThreadState, threads[i].WaitReason});
+        }
+    });
+    return SuspendedByThreadStates(readings);
+}
+
+bool SuspendedBySuspending(unsigned pid) {
+    bool sawThread = false;
+    bool allSuspended = true;
+    ForEachThreadOf(pid, THREAD_SUSPEND_RESUME, [&](HANDLE thread) {
+        sawThread = true;
+        allSuspended = thread && SuspendStateOfOpenThread(thread) == 1;
+        return allSuspended;
+    });
+    return sawThread && allSuspended;
+}
+
+}  // namespace
+
+bool AllThreadsSuspended(unsigned pid) {
+    if (const std::optional<bool> counted = SuspendedBySuspendCounts(pid)) return *counted;
+    if (const std::optional<bool> byState = SuspendedByThreadStates(pid)) return *byState;
+    return SuspendedBySuspending(pid);
 }
 
 int ThreadSuspendState(DWORD threadId) {

@@ -20,11 +20,12 @@ std::vector<DWORD> AllProcessIds();
 std::vector<DWORD> ThreadIdsOfProcess(unsigned pid);
 // 1 when the thread is suspended, 0 when it runs, -1 when that cannot be found out.
 int ThreadSuspendState(DWORD threadId);
-// True when the process has threads and every one of them is suspended. The threads are walked through
-// the process's own thread list (NtGetNextThread) rather than a system-wide snapshot, which costs a full
-// process-list query each time, and the walk stops at the first thread that runs: each look at a thread
-// suspends and resumes it, and a running process answers at its first thread. Falls back to the snapshot
-// where the call is missing. False when the process cannot be opened.
+// True when the process has threads and every one of them is suspended. Looking must not disturb the
+// process: the threads' suspend counts are read where the system answers that query, else their states in
+// the system process list where it fills them; only where neither is known is each thread suspended and
+// resumed once to learn its count. The threads are walked through the process's own thread list
+// (NtGetNextThread) where it exists, and the walk stops at the first thread that runs. False when the
+// process cannot be opened.
 bool AllThreadsSuspended(unsigned pid);
 
 }  // namespace kestrel::detail

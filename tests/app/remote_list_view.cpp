@@ -77,4 +77,17 @@ std::wstring RemoteListView::HeaderText(int column) const {
     return text;
 }
 
+bool RemoteListView::SetRowState(int row, UINT state, UINT mask) const {
+    if (!memory_) return false;
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
+    return SendMessageW(listView_, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(memory_)) != 0;
+}
+
+int RemoteListView::SelectedCount() const {
+    return static_cast<int>(SendMessageW(listView_, LVM_GETSELECTEDCOUNT, 0, 0));
+}
+
 }  // namespace lmvx::test

@@ -21,6 +21,9 @@ public:
     // The row whose item data is this value, or -1.
     int FindRowByData(LPARAM data) const;
     std::wstring HeaderText(int column) const;
+    // Sets the row's state bits under mask, as a click would; false when the control refused.
+    bool SetRowState(int row, UINT state, UINT mask) const;
+    int SelectedCount() const;
 
 private:
     HWND listView_;

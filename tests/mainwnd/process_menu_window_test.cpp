@@ -2,6 +2,9 @@
 // starts and for the program itself: the list's context menu and the main menu's Process popup.
 #include <gtest/gtest.h>
 
+#include <windows.h>
+#include <commctrl.h>
+
 #include <algorithm>
 
 #include "app/lmvx.h"
@@ -13,6 +16,22 @@
 
 namespace mainwnd_test {
 namespace {
+
+// The limited-access click's answers: the menu's first item is chosen by the keyboard, the dialog it
+// opens is noted and closed.
+thread_local HWND g_limitedAccessDialog = nullptr;
+
+LRESULT CALLBACK AnswerNoticeClick(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && message->message == WM_INITMENUPOPUP) {
+        PostMessageW(message->hwnd, WM_KEYDOWN, VK_DOWN, 0);
+        PostMessageW(message->hwnd, WM_KEYDOWN, VK_RETURN, 0);
+    } else if (code == HC_ACTION && message->message == WM_INITDIALOG && GetDlgItem(message->hwnd, IDC_LIMITED_HEADLINE)) {
+        g_limitedAccessDialog = message->hwnd;
+        PostMessageW(message->hwnd, WM_COMMAND, IDCANCEL, 0);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
 
 constexpr DWORD kRowWaitMs = 20000;
 
@@ -202,6 +221,17 @@ TEST_F(ProcessMenuWindowTest, AProcessOutsideTheSnapshotGetsOnlyAGrayedPropertie
     EXPECT_TRUE(items[0].grayed);
     EXPECT_TRUE(items[0].isDefault);
     EXPECT_EQ(lmvx::BuildPrioritySubmenu(lmvx::g_processList, lmvx::kNoProcess).Get(), nullptr);
+}
+
+TEST_F(ProcessMenuWindowTest, AClickOnTheLimitedAccessPaneReachesTheLimitedAccessDialog) {
+    g_limitedAccessDialog = nullptr;
+    HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, AnswerNoticeClick, nullptr, GetCurrentThreadId());
+    NMMOUSE click{};
+    click.hdr = NMHDR{GetDlgItem(main_->Get(), IDC_STATUS_BAR), IDC_STATUS_BAR, static_cast<UINT>(NM_CLICK)};
+    click.dwItemSpec = 4;   // the limited-access notice
+    SendMessageW(main_->Get(), WM_NOTIFY, IDC_STATUS_BAR, reinterpret_cast<LPARAM>(&click));
+    UnhookWindowsHookEx(hook);
+    EXPECT_NE(g_limitedAccessDialog, nullptr) << "the menu's first item did not open the limited-access dialog";
 }
 
 }  // namespace
