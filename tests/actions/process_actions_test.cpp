@@ -181,12 +181,14 @@ TEST_F(ProcessActions, ResumeUndoesOneSuspensionAtATime) {
 TEST_F(ProcessActions, ResumeAllResumesEveryPausedProcess) {
     ChildProcess first = StartSleeper();
     ChildProcess second = StartSleeper();
+    ChildProcess running = StartSleeper();
     ASSERT_TRUE(kestrel::PRM_SuspendProcess(first.Pid()));
     ASSERT_TRUE(kestrel::PRM_SuspendProcess(second.Pid()));
     DialogAnswerer answerer(IDOK);
     EXPECT_EQ(1, lmvx::actions::ResumeAll(owner_.Get()));
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(first.Pid()));
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(second.Pid()));
+    EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(running.Pid()));
     EXPECT_TRUE(answerer.Seen().empty());
 }
 

@@ -9,6 +9,7 @@
 #include <cwchar>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "window_texts.h"
@@ -55,40 +56,25 @@ std::wstring MenuText(HMENU menu, UINT item, UINT flags) {
     return text;
 }
 
-TEST_F(LangModuleTest, EnglishString) {
-    EXPECT_EQ(UIL_LANGMODULE::English, module.GetLanguage());
-    EXPECT_STREQ(L"Hello", module.GetLangString(IDS_TEST_GREETING));
-    EXPECT_STREQ(L"Second block", module.GetLangString(IDS_TEST_OTHER_BLOCK));
-}
-
-TEST_F(LangModuleTest, GermanStringWithUmlauts) {
-    ASSERT_EQ(1, module.SelectLanguage(UIL_LANGMODULE::German));
-    EXPECT_EQ(UIL_LANGMODULE::German, module.GetLanguage());
-    EXPECT_STREQ(L"Hallo", module.GetLangString(IDS_TEST_GREETING));
-    EXPECT_STREQ(L"Prozesspriorit\u00e4t \u00e4ndern", module.GetLangString(IDS_TEST_UMLAUTS));
-    EXPECT_STREQ(L"Zweiter Block", module.GetLangString(IDS_TEST_OTHER_BLOCK));
-}
-
-TEST_F(LangModuleTest, SwitchingBackGivesEnglishAgain) {
-    module.SelectLanguage(UIL_LANGMODULE::German);
-    module.SelectLanguage(UIL_LANGMODULE::English);
-    EXPECT_STREQ(L"%d Processes", module.GetLangString(IDS_TEST_FORMAT));
-}
-
-TEST_F(LangModuleTest, StringOnlyInEnglishFallsBackToEnglish) {
-    module.SelectLanguage(UIL_LANGMODULE::German);
-    EXPECT_STREQ(L"Only in English", module.GetLangString(IDS_TEST_ENGLISH_ONLY));
-}
-
-TEST_F(LangModuleTest, UnknownIdGivesEmptyText) {
-    for (LANGID language : {UIL_LANGMODULE::English, UIL_LANGMODULE::German}) {
-        module.SelectLanguage(language);
-        const wchar_t* inKnownBlock = module.GetLangString(IDS_TEST_MISSING_IN_BLOCK);
-        const wchar_t* inMissingBlock = module.GetLangString(IDS_TEST_MISSING_BLOCK);
-        ASSERT_NE(nullptr, inKnownBlock);
-        ASSERT_NE(nullptr, inMissingBlock);
-        EXPECT_STREQ(L"", inKnownBlock);
-        EXPECT_STREQ(L"", inMissingBlock);
+// Each text in the language selected last; a text only in English falls back to it, an unknown id (in a
+// known block or in none) gives "", never null.
+TEST_F(LangModuleTest, StringsInTheSelectedLanguageWithEnglishFallback) {
+    constexpr LANGID English = UIL_LANGMODULE::English, German = UIL_LANGMODULE::German;
+    const std::tuple<LANGID, unsigned, const wchar_t*> cases[] = {
+        {English, IDS_TEST_GREETING, L"Hello"},          {English, IDS_TEST_OTHER_BLOCK, L"Second block"},
+        {German, IDS_TEST_GREETING, L"Hallo"},           {German, IDS_TEST_OTHER_BLOCK, L"Zweiter Block"},
+        {German, IDS_TEST_UMLAUTS, L"Prozesspriorit\u00e4t \u00e4ndern"},
+        {German, IDS_TEST_ENGLISH_ONLY, L"Only in English"},
+        {English, IDS_TEST_FORMAT, L"%d Processes"},     // switching back gives English again
+        {English, IDS_TEST_MISSING_IN_BLOCK, L""},       {English, IDS_TEST_MISSING_BLOCK, L""},
+        {German, IDS_TEST_MISSING_IN_BLOCK, L""},        {German, IDS_TEST_MISSING_BLOCK, L""},
+    };
+    for (const auto& [language, id, text] : cases) {
+        ASSERT_EQ(1, module.SelectLanguage(language));
+        EXPECT_EQ(language, module.GetLanguage());
+        const wchar_t* shown = module.GetLangString(id);
+        ASSERT_NE(nullptr, shown) << id;
+        EXPECT_STREQ(text, shown) << "string " << id << " in language " << language;
     }
 }
 
@@ -110,28 +96,22 @@ TEST_F(LangModuleTest, StringsStayValidAfterALanguageSwitch) {
     EXPECT_STREQ(L"Hello", english);
 }
 
-TEST_F(LangModuleTest, GermanDialog) {
+TEST_F(LangModuleTest, DialogsInTheSelectedLanguageWithEnglishFallback) {
+    finch::UniqueWindow english(module.LoadDialogParam(IDD_TEST_DIALOG, nullptr, KeepParameterProcedure, 0));
+    ASSERT_TRUE(english);
+    EXPECT_EQ(L"Do not show this warning again.", WindowText(GetDlgItem(english.Get(), IDC_TEST_LABEL)));
+
     module.SelectLanguage(UIL_LANGMODULE::German);
-    finch::UniqueWindow dialog(module.LoadDialogParam(IDD_TEST_DIALOG, nullptr, KeepParameterProcedure, 1234));
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(L"Warnung", WindowText(dialog.Get()));
+    finch::UniqueWindow german(module.LoadDialogParam(IDD_TEST_DIALOG, nullptr, KeepParameterProcedure, 1234));
+    ASSERT_TRUE(german);
+    EXPECT_EQ(L"Warnung", WindowText(german.Get()));
     EXPECT_EQ(L"Diese Warnung nicht mehr anzeigen (Schlie\u00dfen).",
-              WindowText(GetDlgItem(dialog.Get(), IDC_TEST_LABEL)));
-    EXPECT_EQ(1234, GetWindowLongPtrW(dialog.Get(), GWLP_USERDATA));
-}
-
-TEST_F(LangModuleTest, EnglishDialog) {
-    finch::UniqueWindow dialog(module.LoadDialogParam(IDD_TEST_DIALOG, nullptr, KeepParameterProcedure, 0));
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(L"Do not show this warning again.", WindowText(GetDlgItem(dialog.Get(), IDC_TEST_LABEL)));
-}
-
-TEST_F(LangModuleTest, DialogOnlyInEnglishFallsBackToEnglish) {
-    module.SelectLanguage(UIL_LANGMODULE::German);
-    finch::UniqueWindow dialog(
+              WindowText(GetDlgItem(german.Get(), IDC_TEST_LABEL)));
+    EXPECT_EQ(1234, GetWindowLongPtrW(german.Get(), GWLP_USERDATA));
+    finch::UniqueWindow fallback(
         module.LoadDialogParam(IDD_TEST_ENGLISH_ONLY_DIALOG, nullptr, KeepParameterProcedure, 0));
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(L"English only", WindowText(dialog.Get()));
+    ASSERT_TRUE(fallback);
+    EXPECT_EQ(L"English only", WindowText(fallback.Get()));
 }
 
 TEST_F(LangModuleTest, ModalDialogReturnsItsResult) {
@@ -144,7 +124,12 @@ TEST_F(LangModuleTest, UnknownDialogIsNotCreated) {
     EXPECT_EQ(-1, module.ShowDialogParam(999, nullptr, EndAtOnceProcedure, 0));
 }
 
-TEST_F(LangModuleTest, GermanMenu) {
+TEST_F(LangModuleTest, MenusInTheSelectedLanguage) {
+    finch::UniqueMenu english(module.LoadLangMenu(IDM_TEST_MENU));
+    ASSERT_TRUE(english);
+    EXPECT_EQ(L"&File", MenuText(english.Get(), 0, MF_BYPOSITION));
+    EXPECT_EQ(nullptr, module.LoadLangMenu(999));
+
     module.SelectLanguage(UIL_LANGMODULE::German);
     finch::UniqueMenu menu(module.LoadLangMenu(IDM_TEST_MENU));
     ASSERT_TRUE(menu);
@@ -154,14 +139,6 @@ TEST_F(LangModuleTest, GermanMenu) {
     EXPECT_EQ(L"\u00d6&ffnen", MenuText(file, IDM_TEST_OPEN, MF_BYCOMMAND));
     EXPECT_EQ(L"&Schlie\u00dfen", MenuText(file, IDM_TEST_CLOSE, MF_BYCOMMAND));
 }
-
-TEST_F(LangModuleTest, EnglishMenu) {
-    finch::UniqueMenu menu(module.LoadLangMenu(IDM_TEST_MENU));
-    ASSERT_TRUE(menu);
-    EXPECT_EQ(L"&File", MenuText(menu.Get(), 0, MF_BYPOSITION));
-}
-
-TEST_F(LangModuleTest, UnknownMenuIsNull) { EXPECT_EQ(nullptr, module.LoadLangMenu(999)); }
 
 // Readers on several threads while the language switches: every answer is one language's text, never
 // null and never torn.

@@ -9,97 +9,64 @@
 using namespace kestrel::detail;
 
 namespace {
+
 constexpr uint64_t OneSecond = 10'000'000;   // 100 ns units
+constexpr unsigned MaxUnsigned = std::numeric_limits<unsigned>::max();
+constexpr uint64_t Big = uint64_t{1} << 40;
+
+TEST(CpuUsagePercent, ShareOfAllProcessorsRoundedClampedAndZeroWithoutAMeasurement) {
+    struct Case { uint64_t before, after, interval; unsigned processors, percent; };
+    const Case cases[] = {
+        {0, OneSecond / 2, OneSecond, 1, 50},          {0, OneSecond / 2, OneSecond, 2, 25},
+        {OneSecond, 2 * OneSecond, OneSecond, 1, 100}, {0, OneSecond / 1000 * 4, OneSecond, 1, 0},   // 0.4 %
+        {0, OneSecond / 1000 * 6, OneSecond, 1, 1},    {0, 3 * OneSecond, OneSecond, 2, 100},        // clamped
+        {0, OneSecond, 0, 4, 0},                       {0, OneSecond, OneSecond, 0, 0},   // no interval, no CPUs
+        {OneSecond, OneSecond / 2, OneSecond, 1, 0},   // times went down
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(CpuUsagePercent(c.before, c.after, c.interval, c.processors), c.percent)
+            << c.before << " -> " << c.after << " in " << c.interval << " on " << c.processors;
+    }
 }
 
-TEST(CpuUsagePercent, IsTheShareOfAllProcessorsOverTheInterval) {
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond / 2, OneSecond, 1), 50u);
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond / 2, OneSecond, 2), 25u);
-    EXPECT_EQ(CpuUsagePercent(OneSecond, 2 * OneSecond, OneSecond, 1), 100u);
-}
-
-TEST(CpuUsagePercent, RoundsToTheNearestPercent) {
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond / 1000 * 4, OneSecond, 1), 0u);    // 0.4 %
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond / 1000 * 6, OneSecond, 1), 1u);    // 0.6 %
-}
-
-TEST(CpuUsagePercent, IsClampedToOneHundred) {
-    EXPECT_EQ(CpuUsagePercent(0, 3 * OneSecond, OneSecond, 2), 100u);
-}
-
-TEST(CpuUsagePercent, IsZeroWithoutAMeasurement) {
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond, 0, 4), 0u);           // no interval yet
-    EXPECT_EQ(CpuUsagePercent(0, OneSecond, OneSecond, 0), 0u);   // no processors known
-    EXPECT_EQ(CpuUsagePercent(OneSecond, OneSecond / 2, OneSecond, 1), 0u);   // times went down
-}
-
-TEST(CounterDelta, IsTheGrowthSinceThePreviousUpdate) {
-    EXPECT_EQ(CounterDelta(1000, 5096), 4096u);
-    EXPECT_EQ(CounterDelta(7, 7), 0u);
-}
-
-TEST(CounterDelta, CountsADecreasingCounterAsNoGrowth) {
-    EXPECT_EQ(CounterDelta(5096, 1000), 0u);
-}
-
-TEST(CounterDelta, SaturatesAtThirtyTwoBits) {
-    EXPECT_EQ(CounterDelta(0, uint64_t{1} << 40), std::numeric_limits<unsigned>::max());
-}
-
-TEST(RatePerSecond, ScalesTheDeltaToOneSecond) {
-    EXPECT_EQ(RatePerSecond(4096, 1000), 4096u);
-    EXPECT_EQ(RatePerSecond(4096, 500), 8192u);
-    EXPECT_EQ(RatePerSecond(3000, 3000), 1000u);
-    EXPECT_EQ(RatePerSecond(1, 3), 333u);   // truncated
-}
-
-TEST(RatePerSecond, IsZeroForAZeroInterval) {
-    EXPECT_EQ(RatePerSecond(4096, 0), 0u);
-}
-
-TEST(RatePerSecond, SaturatesInsteadOfOverflowing) {
+TEST(CounterArithmetic, DeltasAndRatesSaturateInsteadOfWrapping) {
+    struct Case { uint64_t a, b; uint64_t delta; uint64_t rate; int signedDelta; };
+    // delta: CounterDelta(a, b); rate: RatePerSecond(a, b ms); signedDelta: SignedDelta(a, b)
+    const Case cases[] = {
+        {1000, 5096, 4096, 196, 4096},    {7, 7, 0, 1000, 0},            {5096, 1000, 0, 5096, -4096},
+        {4096, 500, 0, 8192, -3596},      {3000, 3000, 0, 1000, 0},      {1, 3, 2, 333, 2},   // rate truncated
+        {4096, 1000, 0, 4096, -3096},     {4096, 0, 0, 0, -4096},   // a zero interval has no rate
+        {0, Big, MaxUnsigned, 0, std::numeric_limits<int>::max()},
+        {Big, 0, 0, 0, std::numeric_limits<int>::min()},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.a << ", " << c.b);
+        EXPECT_EQ(CounterDelta(c.a, c.b), c.delta);
+        EXPECT_EQ(RatePerSecond(c.a, c.b), c.rate);
+        EXPECT_EQ(SignedDelta(c.a, c.b), c.signedDelta);
+    }
     EXPECT_EQ(RatePerSecond(std::numeric_limits<uint64_t>::max(), 1), std::numeric_limits<uint64_t>::max());
-}
-
-TEST(SignedDelta, GivesGrowthAndShrinkWithTheirSign) {
-    EXPECT_EQ(SignedDelta(1000, 1500), 500);
-    EXPECT_EQ(SignedDelta(1500, 1000), -500);
-    EXPECT_EQ(SignedDelta(1500, 1500), 0);
-}
-
-TEST(SignedDelta, SaturatesToTheThirtyTwoBitRange) {
-    EXPECT_EQ(SignedDelta(0, uint64_t{1} << 40), std::numeric_limits<int>::max());
-    EXPECT_EQ(SignedDelta(uint64_t{1} << 40, 0), std::numeric_limits<int>::min());
-}
-
-TEST(Saturate32, KeepsSmallValuesAndCapsLargeOnes) {
     EXPECT_EQ(Saturate32(12345), 12345u);
-    EXPECT_EQ(Saturate32(uint64_t{5} << 32), std::numeric_limits<unsigned>::max());
+    EXPECT_EQ(Saturate32(uint64_t{5} << 32), MaxUnsigned);
 }
 
-TEST(PackDuration, SplitsIntoDaysHoursMinutesSecondsAndMilliseconds) {
+TEST(PackDuration, SplitsIntoDaysHoursMinutesSecondsAndMillisecondsAndCapsTheDays) {
     const uint64_t duration = ((((2ull * 24 + 3) * 60 + 4) * 60 + 5) * 1000 + 678) * 10'000;
     const SYSTEMTIME packed = PackDuration(duration);
-    EXPECT_EQ(packed.wYear, 0);
-    EXPECT_EQ(packed.wMonth, 0);
-    EXPECT_EQ(packed.wDayOfWeek, 0);
-    EXPECT_EQ(packed.wDay, 2);
-    EXPECT_EQ(packed.wHour, 3);
-    EXPECT_EQ(packed.wMinute, 4);
-    EXPECT_EQ(packed.wSecond, 5);
-    EXPECT_EQ(packed.wMilliseconds, 678);
-}
-
-TEST(PackDuration, CapsTheDayCount) {
+    const WORD expected[] = {0, 0, 0, 2, 3, 4, 5, 678};
+    const WORD seen[] = {packed.wYear, packed.wMonth, packed.wDayOfWeek, packed.wDay,
+                         packed.wHour, packed.wMinute, packed.wSecond, packed.wMilliseconds};
+    for (size_t i = 0; i < std::size(expected); ++i) EXPECT_EQ(seen[i], expected[i]) << "field " << i;
     EXPECT_EQ(PackDuration(std::numeric_limits<uint64_t>::max()).wDay, 0xFFFF);
 }
 
 TEST(PriorityClassFromBasePriority, MapsTheSixClassBasePriorities) {
-    EXPECT_EQ(PriorityClassFromBasePriority(4), static_cast<unsigned>(IDLE_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(6), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(8), static_cast<unsigned>(NORMAL_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(10), static_cast<unsigned>(ABOVE_NORMAL_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(13), static_cast<unsigned>(HIGH_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(24), static_cast<unsigned>(REALTIME_PRIORITY_CLASS));
-    EXPECT_EQ(PriorityClassFromBasePriority(9), 0u);
+    const std::pair<int, unsigned> cases[] = {
+        {4, IDLE_PRIORITY_CLASS},          {6, BELOW_NORMAL_PRIORITY_CLASS}, {8, NORMAL_PRIORITY_CLASS},
+        {10, ABOVE_NORMAL_PRIORITY_CLASS}, {13, HIGH_PRIORITY_CLASS},        {24, REALTIME_PRIORITY_CLASS},
+        {9, 0},
+    };
+    for (const auto& [base, priorityClass] : cases) EXPECT_EQ(PriorityClassFromBasePriority(base), priorityClass) << base;
 }
+
+}  // namespace

@@ -8,7 +8,7 @@
 #include "mainwnd/details_pane.h"
 #include "mainwnd/details_pane_ids.h"
 #include "mainwnd/details_pane_notes.h"
-#include "pane_test_environment.h"
+#include "test_host.h"
 #include "resource.h"
 #include "child_process.h"
 
@@ -78,7 +78,7 @@ protected:
     lmvx_test::ChildProcess shownChild{L"sleep 60000"};
     lmvx_test::ChildProcess selectedChild{L"sleep 60000"};
     kestrel::TL_PROCESSLIST provider;
-    pane_test::HostWindow host;
+    lmvx_test::TestMainWindow host;
     HWND pane = nullptr;
 };
 

@@ -6,6 +6,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "mainwnd/details_pane_commands.h"
 #include "mainwnd/details_pane_notes.h"
@@ -18,33 +19,20 @@
 namespace lmvx {
 namespace {
 
-TEST(PaneCommandRouting, ActsOnTheShownProcessForTheseCommands) {
-    for (unsigned command : {IDM_TERMINATE_PROCESS, IDM_OPEN_CONTAINING_FOLDER, IDM_PROPERTIES, IDM_PANE_PRIORITY_LINK,
-                             IDM_PRIORITY_REALTIME, IDM_PRIORITY_HIGH, IDM_PRIORITY_ABOVE_NORMAL, IDM_PRIORITY_NORMAL,
-                             IDM_PRIORITY_BELOW_NORMAL, IDM_PRIORITY_IDLE, IDM_PAUSE_PROCESS, IDM_RESUME_PROCESS})
-        EXPECT_EQ(RoutePaneCommand(command).target, PaneTarget::Shown) << command;
-}
-
-TEST(PaneCommandRouting, ActsOnTheSelectedProcessForTheseCommands) {
-    for (unsigned command : {IDM_PAGE_OUT_PROCESS, IDM_MEMORY_VIEWER, IDM_NETWORK_CONNECTIONS, IDM_RESTART_PROCESS,
-                             IDM_KERNEL_OBJECTS, IDM_PANE_WINDOWS})
-        EXPECT_EQ(RoutePaneCommand(command).target, PaneTarget::Selected) << command;
-}
-
-TEST(PaneCommandRouting, NamesTheActionOfEachCommand) {
-    EXPECT_EQ(RoutePaneCommand(IDM_EXIT).action, PaneAction::EndPage);
-    EXPECT_EQ(RoutePaneCommand(IDM_EXIT_ALT).action, PaneAction::EndPage);
-    EXPECT_EQ(RoutePaneCommand(IDM_TERMINATE_PROCESS).action, PaneAction::Terminate);
-    EXPECT_EQ(RoutePaneCommand(IDM_RESUME_PROCESS).action, PaneAction::TogglePause);
-    EXPECT_EQ(RoutePaneCommand(IDM_PAUSE_PROCESS).action, PaneAction::TogglePause);
-    EXPECT_EQ(RoutePaneCommand(IDM_PRIORITY_IDLE).action, PaneAction::SetPriority);
-    EXPECT_EQ(RoutePaneCommand(IDM_RESTART_PROCESS).action, PaneAction::Restart);
-    EXPECT_EQ(RoutePaneCommand(IDM_PANE_PRIORITY_LINK).action, PaneAction::PriorityMenu);
-    EXPECT_EQ(RoutePaneCommand(IDM_PANE_WINDOWS).action, PaneAction::WindowsMenu);
-    EXPECT_EQ(RoutePaneCommand(IDM_KERNEL_OBJECTS).action, PaneAction::KernelObjects);
-}
-
-TEST(PaneCommandRouting, IgnoresEveryOtherCommand) {
+// The routes the pane window's tests cannot watch through its action callbacks (those cover terminate,
+// pause, priority, properties, page out, kernel objects, windows and restart on the real pane).
+TEST(PaneCommandRouting, RoutesTheWindowTestsCannotWatch) {
+    const std::tuple<unsigned, PaneAction, PaneTarget> routes[] = {
+        {IDM_EXIT, PaneAction::EndPage, PaneTarget::None},
+        {IDM_EXIT_ALT, PaneAction::EndPage, PaneTarget::None},
+        {IDM_OPEN_CONTAINING_FOLDER, PaneAction::OpenFolder, PaneTarget::Shown},
+        {IDM_MEMORY_VIEWER, PaneAction::MemoryViewer, PaneTarget::Selected},
+        {IDM_NETWORK_CONNECTIONS, PaneAction::NetworkEndpoints, PaneTarget::Selected},
+    };
+    for (const auto& [command, action, target] : routes) {
+        EXPECT_EQ(RoutePaneCommand(command).action, action) << command;
+        EXPECT_EQ(RoutePaneCommand(command).target, target) << command;
+    }
     // 201 is no priority, 207 ("Paused") and the third icon button have no action in the pane.
     for (unsigned command : {0u, 4u, 132u, 141u, 201u, 207u, 224u, 225u, 5001u})
         EXPECT_EQ(RoutePaneCommand(command).action, PaneAction::Ignore) << command;

@@ -7,7 +7,7 @@
 
 #include "finch.h"
 #include "mainwnd/details_pane_restart.h"
-#include "pane_test_environment.h"
+#include "test_host.h"
 #include "resource.h"
 #include "child_process.h"
 
@@ -37,7 +37,7 @@ class RestartTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(provider.Init());
-        marker = pane_test::TestTempFolder() + L"lmvx_restart_" + std::to_wstring(GetCurrentProcessId()) + L".txt";
+        marker = lmvx_test::TestTempFolder() + L"lmvx_restart_" + std::to_wstring(GetCurrentProcessId()) + L".txt";
         DeleteFileW(marker.c_str());
     }
     void TearDown() override {
@@ -47,7 +47,7 @@ protected:
     // The command line the child wrote, once the file is there.
     std::wstring WaitForNote() {
         std::wstring note;
-        pane_test::PumpUntil([&] { return !(note = pane_test::ReadWholeFile(marker)).empty(); }, 20000);
+        lmvx_test::PumpUntil([&] { return !(note = lmvx_test::ReadWholeFile(marker)).empty(); }, 20000);
         return note;
     }
 
@@ -104,12 +104,12 @@ TEST_F(RestartTest, AFailedStartShowsTheWarningWithTheSystemReason) {
     const std::wstring caption = UIL_LangModule.GetLangString(IDS_RESTART_PROCESS_CAPTION);
     std::wstring boxTexts;
     std::thread closer([&] {
-        pane_test::WaitForOwnWindow(caption, 20000, [&](HWND box) {
-            boxTexts = pane_test::ChildTexts(box);
+        lmvx_test::WaitForOwnWindow(caption, 20000, [&](HWND box) {
+            boxTexts = lmvx_test::ChildTexts(box);
             PostMessageW(box, WM_COMMAND, IDOK, 0);
         });
     });
-    pane_test::HostWindow host;
+    lmvx_test::TestMainWindow host;
     const bool restarted = lmvx::RestartProcess(provider, pid, host.Get(), [](unsigned, HWND) { return 1; });
     closer.join();
     EXPECT_FALSE(restarted);

@@ -7,7 +7,7 @@
 
 #include "common/unique_resource.h"
 #include "finch.h"
-#include "pane_test_environment.h"
+#include "test_host.h"
 #include "resource.h"
 #include "run/run_dialog.h"
 #include "run/run_mru.h"
@@ -26,7 +26,7 @@ std::wstring ItemText(HWND dialog, int id) {
 // Opens the dialog over host on this thread; driver runs on another thread with the dialog once it shows.
 void RunDialogWith(HWND host, const std::function<void(HWND dialog)>& driver) {
     std::thread driving([&] {
-        bool found = pane_test::WaitForOwnWindow(Caption(), 20000, driver, host);
+        bool found = lmvx_test::WaitForOwnWindow(Caption(), 20000, driver, host);
         EXPECT_TRUE(found);
     });
     lmvx::OpenRunDialog(host);
@@ -40,7 +40,7 @@ void TypeAndPressOk(HWND dialog, const std::wstring& command) {
 
 class RunDialogTest : public ::testing::Test {
 protected:
-    pane_test::HostWindow host;
+    lmvx_test::TestMainWindow host;
 };
 
 TEST_F(RunDialogTest, LabelsTheChoicesAndChecksTheCurrentUser) {
@@ -72,7 +72,7 @@ TEST_F(RunDialogTest, OkWithAnEmptyLineLeavesTheDialogOpen) {
 
 TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
     // A batch file lets the shell start the child with arguments; the child writes the marker file.
-    const std::wstring folder = pane_test::TestTempFolder();
+    const std::wstring folder = lmvx_test::TestTempFolder();
     const std::wstring marker = folder + L"lmvx_run_marker.txt";
     const std::wstring script = folder + L"lmvx_run_test.bat";
     DeleteFileW(marker.c_str());
@@ -89,10 +89,10 @@ TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
     bool closed = false;
     RunDialogWith(host.Get(), [&](HWND dialog) {
         TypeAndPressOk(dialog, script);
-        closed = pane_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
+        closed = lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
     });
     EXPECT_TRUE(closed);
-    EXPECT_TRUE(pane_test::PumpUntil([&] { return !pane_test::ReadWholeFile(marker).empty(); }, 30000));
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !lmvx_test::ReadWholeFile(marker).empty(); }, 30000));
     DeleteFileW(marker.c_str());
     DeleteFileW(script.c_str());
 }
@@ -102,14 +102,14 @@ TEST_F(RunDialogTest, AFailingStartWarnsAndCloses) {
     bool closed = false;
     RunDialogWith(host.Get(), [&](HWND dialog) {
         std::thread closer([&] {
-            pane_test::WaitForOwnWindow(Caption(), 20000, [&](HWND box) {
-                boxTexts = pane_test::ChildTexts(box);
+            lmvx_test::WaitForOwnWindow(Caption(), 20000, [&](HWND box) {
+                boxTexts = lmvx_test::ChildTexts(box);
                 PostMessageW(box, WM_COMMAND, IDOK, 0);
             }, dialog);
         });
         TypeAndPressOk(dialog, L"C:\\no such folder\\no such program.exe");
         closer.join();
-        closed = pane_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
+        closed = lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
     });
     EXPECT_TRUE(closed);
     EXPECT_NE(boxTexts.find(UIL_LangModule.GetLangString(IDS_ERR_RUN_COMMAND)), std::wstring::npos);

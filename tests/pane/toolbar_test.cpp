@@ -5,15 +5,34 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <memory>
 #include <string>
 
+#include "app/shared_icons.h"
 #include "finch.h"
-#include "pane_test_environment.h"
+#include "test_host.h"
 #include "perf/toolbar.h"
 #include "perf/toolbar_buttons.h"
 #include "wren.h"
 
 namespace {
+
+// One registered application for the whole test program (the toolbar, pane, restart and Run dialog tests),
+// English unless a test switches.
+class ApplicationEnvironment : public ::testing::Environment {
+public:
+    void SetUp() override {
+        application_ = std::make_unique<lmvx_test::ScopedTestApplication>(L"LumivexPaneTest");
+        lmvx::LoadSharedIcons(GetModuleHandleW(nullptr));
+    }
+    void TearDown() override { application_.reset(); }
+
+private:
+    std::unique_ptr<lmvx_test::ScopedTestApplication> application_;
+};
+
+[[maybe_unused]] ::testing::Environment* const g_environment =
+    ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
 
 using lmvx::kToolbarButtons;
 
@@ -35,7 +54,7 @@ protected:
         wren::SetCurrentLangID(UIL_LANGMODULE::English);
         UIL_LangModule.SelectLanguage(UIL_LANGMODULE::English);
     }
-    pane_test::HostWindow host;
+    lmvx_test::TestMainWindow host;
     lmvx::Toolbar toolbar;
 };
 

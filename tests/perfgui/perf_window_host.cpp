@@ -29,7 +29,7 @@ BOOL CALLBACK MatchOwnedCaption(HWND window, LPARAM lParam) {
 }  // namespace
 
 HostedPerfWindow::HostedPerfWindow()
-    : program_(std::make_unique<mainwnd_test::ScopedHostedProgram>(L"Lumivex Perf GUI Test")) {
+    : program_(std::make_unique<lmvx_test::ScopedHostedProgram>(L"Lumivex Perf GUI Test")) {
     // What start-up does before the main window: counters, graphs and the performance source.
     static const bool performanceReady = [] {
         lmvx::perf::InitPerformance();
@@ -37,7 +37,7 @@ HostedPerfWindow::HostedPerfWindow()
         return true;
     }();
     (void)performanceReady;
-    window_ = std::make_unique<mainwnd_test::HostedMainWindow>();
+    window_ = std::make_unique<lmvx_test::HostedMainWindow>();
 }
 
 HostedPerfWindow::~HostedPerfWindow() = default;

@@ -10,10 +10,10 @@
 
 #include "message_pump.h"
 
-namespace mainwnd_test {
+namespace lmvx_test {
 class ScopedHostedProgram;
 class HostedMainWindow;
-}  // namespace mainwnd_test
+}  // namespace lmvx_test
 
 namespace perfgui_test {
 
@@ -30,8 +30,8 @@ public:
     HWND FindPopup(const wchar_t* caption) const;
 
 private:
-    std::unique_ptr<mainwnd_test::ScopedHostedProgram> program_;
-    std::unique_ptr<mainwnd_test::HostedMainWindow> window_;
+    std::unique_ptr<lmvx_test::ScopedHostedProgram> program_;
+    std::unique_ptr<lmvx_test::HostedMainWindow> window_;
 };
 
 using lmvx_test::PumpUntil;

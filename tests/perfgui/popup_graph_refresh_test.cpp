@@ -58,7 +58,7 @@ protected:
         return pixel == kMarker;
     }
 
-    mainwnd_test::ScopedHostedProgram program_{L"Lumivex Popup Graph Test"};
+    lmvx_test::ScopedHostedProgram program_{L"Lumivex Popup Graph Test"};
     HWND owner_ = nullptr;
     kestrel::_SYSPERFINFO counters_;
     wren::PERFGRAPH graph_;

@@ -18,7 +18,7 @@
 namespace perfgui_test {
 namespace {
 
-using mainwnd_test::SeenItem;
+using lmvx_test::SeenItem;
 
 // The shell answers a change of an icon only when it holds that icon; no flags change nothing.
 bool ShellHoldsIcon(HWND owner, int id) {
@@ -34,7 +34,7 @@ thread_local std::vector<SeenItem>* g_seen = nullptr;
 LRESULT CALLBACK CaptureMenu(int code, WPARAM wParam, LPARAM lParam) {
     const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
     if (code == HC_ACTION && message->message == WM_INITMENUPOPUP && g_seen && g_seen->empty()) {
-        *g_seen = mainwnd_test::ReadMenu(reinterpret_cast<HMENU>(message->wParam));
+        *g_seen = lmvx_test::ReadMenu(reinterpret_cast<HMENU>(message->wParam));
         EndMenu();
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);

@@ -1,6 +1,8 @@
 // Cell rules of the process list, from given values.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "proclist/cell_format.h"
 
 namespace proclist {
@@ -19,43 +21,29 @@ SYSTEMTIME Time(WORD year, WORD month, WORD day, WORD hour, WORD minute, WORD se
     return time;
 }
 
-TEST(CpuCell, BlankZeroHidesAnIdleProcess) {
-    EXPECT_EQ(FormatCpuCell(0, true), L"");
-    EXPECT_EQ(FormatCpuCell(0, false), L"0 %");
-}
-
-TEST(CpuCell, ShowsWholePercent) {
-    EXPECT_EQ(FormatCpuCell(7, true), L"7 %");
-    EXPECT_EQ(FormatCpuCell(100, false), L"100 %");
-}
-
-TEST(MemoryCell, BlankZeroHidesZeroBytes) {
-    EXPECT_EQ(FormatMemoryCell(0, true), L"");
-    EXPECT_EQ(FormatMemoryCell(0, false), L"0 KB");
-}
-
-TEST(MemoryCell, ShowsKilobytesTruncated) {
-    EXPECT_EQ(FormatMemoryCell(2048, true), L"2 KB");
-    EXPECT_EQ(FormatMemoryCell(2047, true), L"1 KB");
-    // Below one kilobyte the cell is "0 KB" even with BlankZero: only a zero byte count is blank.
-    EXPECT_EQ(FormatMemoryCell(1023, true), L"0 KB");
-    EXPECT_EQ(FormatMemoryCell(0xFFFFFFFFu, false), L"4194303 KB");
-}
-
-TEST(IoCell, BlankZeroOnHasThreeCases) {
-    EXPECT_EQ(FormatIoCell(0, true), L"");
-    EXPECT_EQ(FormatIoCell(1, true), L"0.0 KB/s");
-    EXPECT_EQ(FormatIoCell(512, true), L"0.5 KB/s");
-    EXPECT_EQ(FormatIoCell(1024, true), L"1.0 KB/s");
-    EXPECT_EQ(FormatIoCell(1025, true), L"1 KB/s");
-    EXPECT_EQ(FormatIoCell(10 * 1024 + 1023, true), L"10 KB/s");
-}
-
-TEST(IoCell, BlankZeroOffAlwaysShowsWholeKilobytes) {
-    EXPECT_EQ(FormatIoCell(0, false), L"0 KB/s");
-    EXPECT_EQ(FormatIoCell(512, false), L"0 KB/s");
-    EXPECT_EQ(FormatIoCell(1024, false), L"1 KB/s");
-    EXPECT_EQ(FormatIoCell(1025, false), L"1 KB/s");
+// The counter cells with BlankZero on and off: an idle process's CPU and I/O cells are blank, and only a
+// zero byte count blanks the memory cell.
+TEST(CounterCells, FormatEachValueWithAndWithoutBlankZero) {
+    enum Cell { Cpu, Memory, Io };
+    struct Case { Cell cell; unsigned value; bool blankZero; const wchar_t* text; };
+    const Case cases[] = {
+        {Cpu, 0, true, L""},               {Cpu, 0, false, L"0 %"},
+        {Cpu, 7, true, L"7 %"},            {Cpu, 100, false, L"100 %"},
+        {Memory, 0, true, L""},            {Memory, 0, false, L"0 KB"},
+        {Memory, 2048, true, L"2 KB"},     {Memory, 2047, true, L"1 KB"},   // truncated
+        {Memory, 1023, true, L"0 KB"},     {Memory, 0xFFFFFFFFu, false, L"4194303 KB"},
+        {Io, 0, true, L""},                {Io, 1, true, L"0.0 KB/s"},
+        {Io, 512, true, L"0.5 KB/s"},      {Io, 1024, true, L"1.0 KB/s"},
+        {Io, 1025, true, L"1 KB/s"},       {Io, 10 * 1024 + 1023, true, L"10 KB/s"},
+        {Io, 0, false, L"0 KB/s"},         {Io, 512, false, L"0 KB/s"},
+        {Io, 1024, false, L"1 KB/s"},      {Io, 1025, false, L"1 KB/s"},
+    };
+    for (const Case& c : cases) {
+        const std::wstring text = c.cell == Cpu      ? FormatCpuCell(c.value, c.blankZero)
+                                  : c.cell == Memory ? FormatMemoryCell(c.value, c.blankZero)
+                                                     : FormatIoCell(c.value, c.blankZero);
+        EXPECT_EQ(text, c.text) << "cell " << c.cell << " value " << c.value << " blank zero " << c.blankZero;
+    }
 }
 
 TEST(IoCell, SumsTheThreeDeltasAs32BitUnsigned) {
@@ -63,26 +51,20 @@ TEST(IoCell, SumsTheThreeDeltasAs32BitUnsigned) {
     EXPECT_EQ(SumIoDeltas(0xFFFFFFFFu, 2, 0), 1u);
 }
 
-TEST(StartTimeCell, FormatsDayMonthYearThenTime) {
-    EXPECT_EQ(FormatStartTimeCell(Time(2024, 3, 7, 9, 5, 2), kStartTimeFormat), L"07/03/2024 09:05:02");
-    EXPECT_EQ(FormatStartTimeCell(Time(1602, 12, 31, 23, 59, 58), kStartTimeFormat), L"31/12/1602 23:59:58");
+TEST(StartTimeCell, FormatsWithTheFormatPassedInAndLeavesUnknownYearsEmpty) {
+    const std::tuple<SYSTEMTIME, const wchar_t*, const wchar_t*> cases[] = {
+        {Time(2024, 3, 7, 9, 5, 2), kStartTimeFormat, L"07/03/2024 09:05:02"},
+        {Time(1602, 12, 31, 23, 59, 58), kStartTimeFormat, L"31/12/1602 23:59:58"},
+        {Time(2024, 3, 7, 9, 5, 2), L"%d-%d-%d", L"7-3-2024"},
+        {Time(0, 3, 7, 9, 5, 2), kStartTimeFormat, L""},
+        {Time(1601, 1, 1, 0, 0, 0), kStartTimeFormat, L""},
+    };
+    for (const auto& [time, format, text] : cases) EXPECT_EQ(FormatStartTimeCell(time, format), text) << text;
 }
 
-TEST(StartTimeCell, UnknownYearsGiveAnEmptyCell) {
-    EXPECT_EQ(FormatStartTimeCell(Time(0, 3, 7, 9, 5, 2), kStartTimeFormat), L"");
-    EXPECT_EQ(FormatStartTimeCell(Time(1601, 1, 1, 0, 0, 0), kStartTimeFormat), L"");
-}
-
-TEST(StartTimeCell, UsesTheFormatPassedIn) {
-    EXPECT_EQ(FormatStartTimeCell(Time(2024, 3, 7, 9, 5, 2), L"%d-%d-%d"), L"7-3-2024");
-}
-
-TEST(CountCell, ShowsZeroWhateverBlankZeroSays) {
+TEST(CountAndTextCells, CountsShowZeroAndTextsAreCutToTheCellBuffer) {
     EXPECT_EQ(FormatCountCell(0), L"0");
     EXPECT_EQ(FormatCountCell(4242), L"4242");
-}
-
-TEST(TextCell, IsCutToTheCellBuffer) {
     const std::wstring longText(kCellBufferLength + 20, L'x');
     EXPECT_EQ(FormatTextCell(longText).size(), kCellBufferLength - 1);
     EXPECT_EQ(FormatTextCell(L"explorer.exe"), L"explorer.exe");

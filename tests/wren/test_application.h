@@ -1,21 +1,13 @@
-// Registers a test application with the runtime library and removes everything it stored afterwards.
-// Each test program uses a name of its own, so programs running side by side never share values.
+// The option store's key read and written directly, bypassing the store, under the registered test application.
 #pragma once
 #include <windows.h>
 
 #include <string>
 #include <vector>
 
-class ScopedTestApplication {
-public:
-    explicit ScopedTestApplication(const wchar_t* name);
-    ~ScopedTestApplication();
-    ScopedTestApplication(const ScopedTestApplication&) = delete;
-    ScopedTestApplication& operator=(const ScopedTestApplication&) = delete;
+#include "registered_application.h"
 
-private:
-    std::wstring applicationKey_;
-};
+using ScopedTestApplication = lmvx_test::ScopedRegisteredApplication;
 
 struct RawValue {
     bool exists = false;

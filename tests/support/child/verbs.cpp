@@ -104,18 +104,21 @@ int WaitVerb(Arguments arguments) {
     return 0;
 }
 
+bool WriteWholeFile(const wchar_t* path, const std::wstring& text) {
+    HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    DWORD written = 0;
+    const BOOL wrote =
+        WriteFile(file, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
+    CloseHandle(file);
+    return wrote != FALSE;
+}
+
 // note <file> <ms> [anything...]: writes its own command line (UTF-16) to the file, then idles for ms.
 int NoteVerb(Arguments arguments) {
     DWORD milliseconds = 0;
     if (arguments.size() < 2 || !ReadMilliseconds(arguments.subspan(1), milliseconds)) return ExitUsage;
-    const wchar_t* commandLine = GetCommandLineW();
-    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
-    DWORD written = 0;
-    const BOOL wrote = WriteFile(file, commandLine, static_cast<DWORD>(std::wcslen(commandLine) * sizeof(wchar_t)),
-                                 &written, nullptr);
-    CloseHandle(file);
-    if (!wrote) return ExitFailed;
+    if (!WriteWholeFile(arguments[0], GetCommandLineW())) return ExitFailed;
     Sleep(milliseconds);
     return 0;
 }
@@ -191,6 +194,8 @@ int SocketsVerb(Arguments arguments) {
     closesocket(udp);
     Sleep(INFINITE);
     return 0;
+}
+
 // memory <file>: holds a reserved 64 KiB region followed by a committed one below 4 GB, with the ASCII text
 // "LumivexAsciiMarker" at +0x100 and the UTF-16 text "LumivexWideMarker" at +0x300 of the committed one;
 // writes "<reserved base> <committed base>" (hex) to the file, then waits until standard input closes.
@@ -216,6 +221,62 @@ int MemoryVerb(Arguments arguments) {
     return WaitVerb({});
 }
 
+// listen <file>: opens a TCP listener on 127.0.0.1, writes its port (UTF-16 digits) to the file and holds the
+// listener until standard input closes.
+int ListenVerb(Arguments arguments) {
+    if (arguments.size() != 1) return ExitUsage;
+    WSADATA winsock;
+    if (WSAStartup(MAKEWORD(2, 2), &winsock) != 0) return ExitFailed;
+    const SOCKET listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    int length = sizeof address;
+    if (listener == INVALID_SOCKET || bind(listener, reinterpret_cast<sockaddr*>(&address), length) != 0 ||
+        listen(listener, 4) != 0 || getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length) != 0)
+        return ExitFailed;
+    // Under Wine a process is named as a socket's owner only once it holds its own copy of it, which one call
+    // answered in the process gives it.
+    BOOL keepAlive = FALSE;
+    int optionLength = sizeof keepAlive;
+    getsockopt(listener, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&keepAlive), &optionLength);
+    if (!WriteWholeFile(arguments[0], std::to_wstring(ntohs(address.sin_port)))) return ExitFailed;
+    return WaitVerb({});
+}
+
+// windows [--minimized] <title>...: one top-level window per title ("" gives one without a title), the first
+// minimised when asked; exits when all are closed, with the number of windows that received WM_CLOSE.
+int g_openWindows = 0;
+int g_closeRequests = 0;
+
+LRESULT CALLBACK ClosableWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CLOSE) ++g_closeRequests;
+    if (message == WM_DESTROY && --g_openWindows == 0) PostQuitMessage(g_closeRequests);
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+int WindowsVerb(Arguments arguments) {
+    const bool minimized = !arguments.empty() && std::wcscmp(arguments[0], L"--minimized") == 0;
+    if (minimized) arguments = arguments.subspan(1);
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = ClosableWindowProc;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = L"LumivexTestChildWindow";
+    if (!RegisterClassW(&windowClass)) return ExitFailed;
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        const int offset = 40 * static_cast<int>(i + 1);
+        HWND window = CreateWindowExW(0, windowClass.lpszClassName, arguments[i], WS_OVERLAPPEDWINDOW, offset, offset,
+                                      240, 120, nullptr, nullptr, windowClass.hInstance, nullptr);
+        if (!window) return ExitFailed;
+        ++g_openWindows;
+        ShowWindow(window, i == 0 && minimized ? SW_SHOWMINNOACTIVE : SW_SHOWNOACTIVATE);
+    }
+    if (g_openWindows == 0) return 0;
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    return static_cast<int>(message.wParam);
+}
+
 constexpr VerbEntry VerbTable[] = {
     {L"sleep", SleepVerb, L"sleep <ms>"},
     {L"burn", BurnVerb, L"burn <ms>"},
@@ -230,6 +291,8 @@ constexpr VerbEntry VerbTable[] = {
     {L"hold", HoldVerb, L"hold <file> <report> <other pid>"},
     {L"many", ManyHandlesVerb, L"many <count> <report>"},
     {L"memory", MemoryVerb, L"memory <file>"},
+    {L"listen", ListenVerb, L"listen <file>"},
+    {L"windows", WindowsVerb, L"windows [--minimized] <title>..."},
 };
 
 }  // namespace
