@@ -13,7 +13,6 @@
 #include "common/shell_open.h"
 #include "net/endpoints_dialog.h"
 #include "resource.h"
-#include "mainwnd/shell_open.h"
 #include "memory/memory_viewer.h"
 
 namespace lmvx {

@@ -22,7 +22,7 @@ inline constexpr DWORD kMainWindowTag = 0x4D41494E;   // "MAIN"
 
 struct MainWindowState {
     // The tag every window-bound record starts with; a record whose words do not match is no record.
-    DWORD signature = perf::kRecordSignature;
+    DWORD signature = kRecordSignature;
     DWORD typeTag = kMainWindowTag;
     const void* creator = nullptr;
     DWORD size = sizeof(MainWindowState);
@@ -52,7 +52,7 @@ struct MainWindowState {
 };
 
 inline bool IsMainWindowRecord(const MainWindowState* state) {
-    return state && state->signature == perf::kRecordSignature && state->typeTag == kMainWindowTag &&
+    return state && state->signature == kRecordSignature && state->typeTag == kMainWindowTag &&
            state->size == sizeof(MainWindowState);
 }
 

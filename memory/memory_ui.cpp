@@ -42,13 +42,4 @@ const wchar_t* FileNameOfPath(const wchar_t* path) {
     return name;
 }
 
-std::wstring FormatText(const wchar_t* format, ...) {
-    wchar_t text[1200];
-    va_list args;
-    va_start(args, format);
-    APIP_FormatStringV(text, sizeof text, format, args);
-    va_end(args);
-    return text;
-}
-
 }  // namespace lmvx

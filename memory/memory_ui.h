@@ -1,5 +1,6 @@
 // Small window helpers the memory windows share.
 #pragma once
+#include "common/format_text.h"
 #include <windows.h>
 
 #include <string>
@@ -20,7 +21,5 @@ void SetAnsiTextIfChanged(HWND dialog, int controlId, const char* text);
 std::wstring ControlText(HWND dialog, int controlId, int limit);
 // The file name part of a path.
 const wchar_t* FileNameOfPath(const wchar_t* path);
-// A bounded formatted text (the language module's conventions: %s is wide).
-std::wstring FormatText(const wchar_t* format, ...);
 
 }  // namespace lmvx

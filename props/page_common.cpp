@@ -14,15 +14,6 @@ namespace lmvx {
 
 std::wstring LangText(unsigned stringId) { return UIL_LangModule.GetLangString(stringId); }
 
-std::wstring FormatText(const wchar_t* format, ...) {
-    wchar_t text[1024];
-    va_list arguments;
-    va_start(arguments, format);
-    APIP_FormatStringV(text, sizeof text, format, arguments);
-    va_end(arguments);
-    return text;
-}
-
 void SetBoldTitle(HWND page) { APIP_SetWindowFont(GetDlgItem(page, IDC_PAGES_TITLE), APIP_hFontBold, TRUE); }
 
 void SetFieldIfChanged(HWND page, int controlId, const std::wstring& text) {

@@ -1,6 +1,7 @@
 // Window helpers the information pages share: texts from the language module, formatted texts, the bold
 // title, compare-then-set fields, duration texts, the process header and the end of a page on an error.
 #pragma once
+#include "common/format_text.h"
 #include <windows.h>
 
 #include <memory>
@@ -12,8 +13,6 @@
 namespace lmvx {
 
 std::wstring LangText(unsigned stringId);
-// Bounded formatted text (at most 1023 characters), with the Windows conventions of the language module.
-std::wstring FormatText(const wchar_t* format, ...);
 
 void SetBoldTitle(HWND page);
 // Writes the field only when its text differs (no flicker at ten updates a second).
