@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "app/option_keys.h"
-#include "common/thread_wait.h"
+#include "common/dialog_thread.h"
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "net/endpoint_rows.h"
@@ -163,10 +163,7 @@ int ShowEndpointsDialog(EndpointsDialogRecord& record, DWORD processId, HWND par
     PrepareEndpointsRecord(record);
     record.parent = parent;
     record.processId = processId;
-    UniqueHandle thread(CreateThread(nullptr, 0, EndpointsDialogThread, &record, 0, nullptr));
-    if (!thread) return 0;
-    WaitForThreadDispatching(thread.Get());
-    return 1;
+    return RunDialogThread(EndpointsDialogThread, &record) ? 1 : 0;
 }
 
 void RefreshEndpointList(EndpointsDialogRecord& record) {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "common/thread_wait.h"
+#include "common/dialog_thread.h"
 #include "common/unique_resource.h"
 #include "finch.h"
 #include "resource.h"
@@ -94,7 +94,7 @@ void OnCommand(HWND dialog, WORD command) {
     }
 }
 
-DWORD WINAPI RunDialogThread(void* parameter) {
+DWORD WINAPI ShowRunDialogOnThisThread(void* parameter) {
     auto* context = static_cast<RunContext*>(parameter);
     UIL_LangModule.ShowDialogParam(IDD_RUN, context->owner, RunDialogProc, reinterpret_cast<LPARAM>(context));
     return 0;
@@ -112,9 +112,7 @@ INT_PTR CALLBACK RunDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 void OpenRunDialog(HWND owner) {
     RunContext context{owner, nullptr};
-    UniqueHandle thread(CreateThread(nullptr, 0, RunDialogThread, &context, 0, nullptr));
-    if (!thread) return;
-    WaitForThreadDispatching(thread.Get());
+    RunDialogThread(ShowRunDialogOnThisThread, &context);
 }
 
 }  // namespace lmvx

@@ -17,23 +17,6 @@
 
 namespace {
 
-// One registered application for the whole test program (the toolbar, pane, restart and Run dialog tests),
-// English unless a test switches.
-class ApplicationEnvironment : public ::testing::Environment {
-public:
-    void SetUp() override {
-        application_ = std::make_unique<lmvx_test::ScopedTestApplication>(L"LumivexPaneTest");
-        lmvx::LoadSharedIcons(GetModuleHandleW(nullptr));
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    std::unique_ptr<lmvx_test::ScopedTestApplication> application_;
-};
-
-[[maybe_unused]] ::testing::Environment* const g_environment =
-    ::testing::AddGlobalTestEnvironment(new ApplicationEnvironment);
-
 using lmvx::kToolbarButtons;
 
 // What the toolbar answers its tooltip for a button, as when the mouse rests on it.
