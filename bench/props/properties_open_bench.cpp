@@ -63,8 +63,9 @@ HWND FindFrame() {
     struct Search { std::wstring suffix; HWND found = nullptr; } search{suffix};
     EnumWindows([](HWND window, LPARAM parameter) -> BOOL {
         auto* s = reinterpret_cast<Search*>(parameter);
+        // Without a message: the frame's thread answers none while it builds its pages.
         wchar_t caption[512] = {};
-        GetWindowTextW(window, caption, 512);
+        InternalGetWindowText(window, caption, 512);
         const std::wstring text = caption;
         if (text.size() >= s->suffix.size() && text.ends_with(s->suffix)) s->found = window;
         return s->found == nullptr;
