@@ -1,6 +1,6 @@
 // Measures _HANDLELIST::QueryHandlesProcess for a child holding 10,000 handles against one bare
 // NtQuerySystemInformation (SystemExtendedHandleInformation) call, and prints the times and their ratio.
-#include "bench_support.h"
+#include "query_timing.h"
 #include "child_process.h"
 #include "kestrel.h"
 

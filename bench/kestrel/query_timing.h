@@ -27,14 +27,24 @@ inline double Median(std::vector<double> samples) {
     return samples[samples.size() / 2];
 }
 
-// One bare query into a buffer that is already large enough, as a tool that keeps its buffer does.
-inline NTSTATUS QueryProcesses(QuerySystemInformationFn query, std::vector<unsigned char>& buffer) {
+inline QuerySystemInformationFn SystemInformationQuery() {
+    return reinterpret_cast<QuerySystemInformationFn>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+}
+
+// One bare query into a buffer kept between calls (grown when the system asks for more), as a tool that keeps
+// its buffer does.
+inline NTSTATUS QuerySystem(QuerySystemInformationFn query, ULONG informationClass, std::vector<unsigned char>& buffer) {
     for (;;) {
         ULONG needed = 0;
-        const NTSTATUS status = query(SystemProcessInformationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
+        const NTSTATUS status = query(informationClass, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
         if (status != StatusInfoLengthMismatch) return status;
         buffer.resize(std::max<size_t>(needed + needed / 4, buffer.size() * 2));
     }
+}
+
+inline NTSTATUS QueryProcesses(QuerySystemInformationFn query, std::vector<unsigned char>& buffer) {
+    return QuerySystem(query, SystemProcessInformationClass, buffer);
 }
 
 }  // namespace kestrel_bench

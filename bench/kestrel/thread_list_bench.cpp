@@ -69,8 +69,7 @@ void MeasureStackWalk() {
 }  // namespace
 
 int wmain() {
-    const auto query = reinterpret_cast<QuerySystemInformationFn>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+    const auto query = SystemInformationQuery();
     if (!query) return 1;
     MeasureThreadList(query);
     MeasureStackWalk();

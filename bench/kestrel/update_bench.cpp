@@ -19,8 +19,7 @@ constexpr int Rounds = 200;
 }  // namespace
 
 int wmain() {
-    const auto query = reinterpret_cast<QuerySystemInformationFn>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation"));
+    const auto query = SystemInformationQuery();
     kestrel::TL_PROCESSLIST list;
     if (!query || !list.Init()) {
         std::fputws(L"cannot query processes\n", stderr);
