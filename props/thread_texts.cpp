@@ -1,23 +1,12 @@
 #include "props/thread_texts.h"
 
-#include <cstdarg>
-
+#include "common/format_text.h"
 #include "finch.h"
 #include "resource.h"
 
 namespace lmvx {
 
 namespace {
-
-// Formats with the program's printf conventions (the language texts are written for them).
-std::wstring Format(const wchar_t* format, ...) {
-    wchar_t buffer[512];
-    va_list args;
-    va_start(args, format);
-    APIP_FormatStringV(buffer, sizeof buffer, format, args);
-    va_end(args);
-    return buffer;
-}
 
 bool UnknownYear(WORD year) { return year == 0 || year == 1601; }
 
@@ -38,15 +27,15 @@ unsigned ThreadPriorityTextId(int priority) {
 
 std::wstring ThreadCpuCell(double percent) { return percent > 0 ? ThreadCpuPercent(percent) : std::wstring(); }
 
-std::wstring ThreadCpuPercent(double percent) { return Format(L"%.2f%%", percent); }
+std::wstring ThreadCpuPercent(double percent) { return FormatText(L"%.2f%%", percent); }
 
 std::wstring ThreadStartAddressCell(const wchar_t* libraryText, const wchar_t* moduleName, ULONG_PTR startAddress,
                                     unsigned moduleBase) {
     if (libraryText && *libraryText) return libraryText;
     if (moduleName && *moduleName) {
-        return Format(L"%s+0x%X", moduleName, static_cast<unsigned>(startAddress) - moduleBase);
+        return FormatText(L"%s+0x%X", moduleName, static_cast<unsigned>(startAddress) - moduleBase);
     }
-    if (startAddress != 0) return Format(L"0x%X", static_cast<unsigned>(startAddress));
+    if (startAddress != 0) return FormatText(L"0x%X", static_cast<unsigned>(startAddress));
     return std::wstring();
 }
 
@@ -59,26 +48,26 @@ std::wstring ThreadStartTimeText(const SYSTEMTIME& creation, const SYSTEMTIME& t
     } else if (sameMonth && creation.wDay + 1 == today.wDay) {
         day = texts.yesterday;
     } else {
-        day = Format(texts.dateFormat, creation.wMonth, creation.wDay, creation.wYear);
+        day = FormatText(texts.dateFormat, creation.wMonth, creation.wDay, creation.wYear);
     }
-    return Format(L"%s, %.2d:%.2d:%.2d", day.c_str(), creation.wHour, creation.wMinute, creation.wSecond);
+    return FormatText(L"%s, %.2d:%.2d:%.2d", day.c_str(), creation.wHour, creation.wMinute, creation.wSecond);
 }
 
 std::wstring DurationDayText(WORD dayField, const DayTexts& texts) {
     if (dayField <= 1) return std::wstring();
-    if (dayField == 2) return Format(texts.oneDay, 1);
-    return Format(texts.days, dayField - 1);
+    if (dayField == 2) return FormatText(texts.oneDay, 1);
+    return FormatText(texts.days, dayField - 1);
 }
 
 std::wstring ThreadRuntimeText(const SYSTEMTIME& runtime, WORD creationYear, const DayTexts& texts,
                                const wchar_t* unknown) {
     if (UnknownYear(creationYear)) return unknown;
-    return Format(L"%s %.2d:%.2d:%.2d", DurationDayText(runtime.wDay, texts).c_str(), runtime.wHour, runtime.wMinute,
+    return FormatText(L"%s %.2d:%.2d:%.2d", DurationDayText(runtime.wDay, texts).c_str(), runtime.wHour, runtime.wMinute,
                   runtime.wSecond);
 }
 
 std::wstring ThreadCpuTimeText(const SYSTEMTIME& duration, const DayTexts& texts) {
-    return Format(L"%s %.2d:%.2d:%.2d.%.3d", DurationDayText(duration.wDay, texts).c_str(), duration.wHour,
+    return FormatText(L"%s %.2d:%.2d:%.2d.%.3d", DurationDayText(duration.wDay, texts).c_str(), duration.wHour,
                   duration.wMinute, duration.wSecond, duration.wMilliseconds);
 }
 
