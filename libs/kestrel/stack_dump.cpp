@@ -104,10 +104,30 @@ private:
     bool suspended_;
 };
 
+// Options of every walk. Symbols of the program's own modules load when a name is first asked for, with line
+// numbers; modules of the Windows folder load at once with their exported names only (below).
+constexpr DWORD WalkOptions = SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS;
+constexpr DWORD SystemModuleOptions = SYMOPT_UNDNAME | SYMOPT_PUBLICS_ONLY | SYMOPT_FAIL_CRITICAL_ERRORS;
+
+bool InWindowsFolder(const wchar_t* path) {
+    static const std::wstring folder = [] {
+        wchar_t windows[MAX_PATH];
+        const UINT length = GetWindowsDirectoryW(windows, MAX_PATH);
+        return length == 0 || length >= MAX_PATH ? std::wstring() : std::wstring(windows, length) + L"\\";
+    }();
+    return !folder.empty() && _wcsnicmp(path, folder.c_str(), folder.size()) == 0;
+}
+
 // What one walk needs besides the library: the process's modules, handed to the library only when the walk
 // reaches them (letting it look for all of them itself, "invading" the process, costs seconds under Wine,
 // which lists the host's own libraries too), and the pages of the process's memory read so far: the walk
 // reads the stack in many small pieces, and each read of another process's memory is a round trip.
+//
+// The library knows the walk by a value of its own rather than the process handle: it then reads everything
+// through the walk's callbacks and the module files, and does not first look through the whole process for
+// the host's loader as it does for a live process under Wine. The system's modules are told to the library
+// with their exported names only: their full debug data (megabytes in Wine's own libraries) is what made a
+// walk slow, and their frames are shown grey with the exported names either way.
 class WalkSession {
 public:
     WalkSession(const DebugHelp& help, HANDLE process) : help_(help), process_(process) {
@@ -120,19 +140,25 @@ public:
         }
     }
 
+    // What the library knows the walk by.
+    HANDLE Identity() const { return const_cast<WalkSession*>(this); }
+
     // The base of the module holding the address, told to the library first if it does not know it yet.
     DWORD64 ModuleBase(DWORD64 address) {
         for (Module& module : modules_) {
             const auto base = reinterpret_cast<DWORD64>(module.entry.modBaseAddr);
             if (address < base || address - base >= module.entry.modBaseSize) continue;
             if (!module.loaded) {
-                help_.loadModule(process_, nullptr, module.entry.szExePath, module.entry.szModule, base,
+                const bool system = InWindowsFolder(module.entry.szExePath);
+                if (system) help_.setOptions(SystemModuleOptions);   // not deferred: loads now, with these options
+                help_.loadModule(Identity(), nullptr, module.entry.szExePath, module.entry.szModule, base,
                                  module.entry.modBaseSize, nullptr, 0);
+                if (system) help_.setOptions(WalkOptions);
                 module.loaded = true;
             }
             return base;
         }
-        return help_.moduleBase(process_, address);
+        return 0;
     }
 
     bool Read(DWORD64 address, void* buffer, DWORD size, DWORD* read) {
@@ -187,9 +213,9 @@ BOOL CALLBACK ReadSessionMemory(HANDLE, DWORD64 address, void* buffer, DWORD siz
 
 DWORD64 CALLBACK SessionModuleBase(HANDLE, DWORD64 address) { return activeSession->ModuleBase(address); }
 
-void* CALLBACK SessionFunctionTable(HANDLE process, DWORD64 address) {
+void* CALLBACK SessionFunctionTable(HANDLE session, DWORD64 address) {
     activeSession->ModuleBase(address);   // the table is found only in a module the library knows
-    return LoadDebugHelp()->functionTableAccess(process, address);
+    return LoadDebugHelp()->functionTableAccess(session, address);
 }
 
 struct RawFrame {
@@ -198,7 +224,7 @@ struct RawFrame {
 };
 
 // The instruction and return addresses of every frame, taken while the thread is held still.
-bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vector<RawFrame>& frames) {
+bool WalkFrames(const DebugHelp& help, HANDLE session, HANDLE thread, std::vector<RawFrame>& frames) {
     SuspendedThread hold(thread);
     if (!hold.Suspended()) return false;
     CONTEXT context{};
@@ -212,7 +238,7 @@ bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vecto
     frame.AddrStack.Offset = context.Rsp;
     frame.AddrStack.Mode = AddrModeFlat;
     while (frames.size() < MaxFrames &&
-           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, process, thread, &frame, &context, ReadSessionMemory,
+           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, session, thread, &frame, &context, ReadSessionMemory,
                           SessionFunctionTable, SessionModuleBase, nullptr)) {
         if (frame.AddrPC.Offset == 0) break;
         frames.push_back({frame.AddrPC.Offset, frame.AddrReturn.Offset});
@@ -233,7 +259,7 @@ void CopyText(wchar_t* target, size_t capacity, const wchar_t* text) {
     target[capacity - 1] = L'\0';
 }
 
-_SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFrame& raw) {
+_SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE session, const RawFrame& raw) {
     _SI_STACKFRAME frame{};
     frame.programCounter = raw.programCounter;
     frame.returnAddress64 = raw.returnAddress;
@@ -241,7 +267,7 @@ _SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFra
 
     IMAGEHLP_MODULEW64 module{};
     module.SizeOfStruct = sizeof module;
-    if (help.moduleInfo(process, raw.programCounter, &module)) {
+    if (help.moduleInfo(session, raw.programCounter, &module)) {
         CopyText(frame.modulePath, 260, module.LoadedImageName[0] ? module.LoadedImageName : module.ImageName);
         CopyText(frame.moduleName, 512, FileNameOf(frame.modulePath));
     }
@@ -251,7 +277,7 @@ _SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFra
     symbol->SizeOfStruct = sizeof(SYMBOL_INFOW);
     symbol->MaxNameLen = 256;
     DWORD64 displacement = 0;
-    if (help.fromAddress(process, raw.programCounter, &displacement, symbol)) {
+    if (help.fromAddress(session, raw.programCounter, &displacement, symbol)) {
         frame.functionAddress64 = symbol->Address;
         frame.functionAddress = static_cast<unsigned>(symbol->Address);
         frame.functionValid = 1;
@@ -265,7 +291,7 @@ _SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFra
     IMAGEHLP_LINEW64 line{};
     line.SizeOfStruct = sizeof line;
     DWORD lineDisplacement = 0;
-    if (help.lineFromAddress(process, raw.programCounter, &lineDisplacement, &line) && line.FileName) {
+    if (help.lineFromAddress(session, raw.programCounter, &lineDisplacement, &line) && line.FileName) {
         std::swprintf(frame.sourceText, 512, L"%ls(%lu)", line.FileName, line.LineNumber);
     }
 
@@ -294,16 +320,16 @@ int _SI_STACKDUMP::CreateStackDump(HANDLE process, HANDLE thread, const wchar_t*
     if (!help) return 0;
 
     std::lock_guard<std::mutex> lock(DebugHelpLock());
-    help->setOptions(SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS);
-    if (!help->initialize(process, nullptr, FALSE)) return 0;
+    help->setOptions(WalkOptions);
     WalkSession session(*help, process);
+    if (!help->initialize(session.Identity(), nullptr, FALSE)) return 0;
     activeSession = &session;
     std::vector<RawFrame> raw;
-    const bool walked = WalkFrames(*help, process, thread, raw);
+    const bool walked = WalkFrames(*help, session.Identity(), thread, raw);
     activeSession = nullptr;
     // Names are looked up after the thread runs again: symbol loading can take long.
-    for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, process, frame));
-    help->cleanup(process);
+    for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, session.Identity(), frame));
+    help->cleanup(session.Identity());
     if (!walked) {
         frames_->frames.clear();
         return 0;

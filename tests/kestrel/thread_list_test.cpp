@@ -116,6 +116,13 @@ TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRun
     EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), GetCurrentThread(), nullptr)) << "not the calling thread";
     CloseHandle(thread);
     CloseHandle(process);
+
+    // A thread that ends after it was opened, before the walk holds it, gives no stack and no hang.
+    HANDLE ended = CreateThread(nullptr, 0, [](void*) -> DWORD { return 0; }, nullptr, 0, nullptr);
+    ASSERT_EQ(WAIT_OBJECT_0, WaitForSingleObject(ended, 10000));
+    EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), ended, nullptr));
+    EXPECT_EQ(0u, stack.frameCount);
+    CloseHandle(ended);
 }
 
 }  // namespace
