@@ -2,7 +2,6 @@
 // the page lists.
 #include <windows.h>
 #include <commctrl.h>
-#include <tlhelp32.h>
 
 #include <gtest/gtest.h>
 
@@ -82,7 +81,7 @@ TEST_F(ModulesPage, ListsTheChildsModulesInLoadOrderWithTheirVersionDataAndCopie
     EXPECT_EQ(start, end) << "the path is left unselected";
 }
 
-// The child loads 300 empty DLLs without version data after its own modules; the page lists 256 modules in
+// The child loads 270 empty DLLs without version data after its own modules; the page lists 256 modules in
 // load order, and a DLL without version data shows its file name and no company.
 TEST_F(ModulesPage, ListsAtMost256ModulesAndFileNamesForModulesWithoutVersionData) {
     wchar_t temporary[MAX_PATH];
@@ -90,20 +89,9 @@ TEST_F(ModulesPage, ListsAtMost256ModulesAndFileNamesForModulesWithoutVersionDat
     const std::wstring folder = std::wstring(temporary) + L"lmvx_modules_" + std::to_wstring(GetCurrentProcessId());
     CreateDirectoryW(folder.c_str(), nullptr);
     {
-        lmvx_test::ChildProcess child(L"many-modules \"" + folder + L"\" 300 600000");
-        const auto loaded = [&] {
-            HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, child.Pid());
-            if (snapshot == INVALID_HANDLE_VALUE) return false;
-            MODULEENTRY32W entry{};
-            entry.dwSize = sizeof entry;
-            bool last = false;
-            for (BOOL more = Module32FirstW(snapshot, &entry); more; more = Module32NextW(snapshot, &entry)) {
-                last |= std::wstring(entry.szModule) == L"empty299.dll";
-            }
-            CloseHandle(snapshot);
-            return last;
-        };
-        ASSERT_TRUE(PumpUntil(loaded, 60000));
+        lmvx_test::ChildProcess child(L"many-modules \"" + folder + L"\" 270 600000");
+        const std::wstring loaded = folder + L"\\loaded";
+        ASSERT_TRUE(PumpUntil([&] { return GetFileAttributesW(loaded.c_str()) != INVALID_FILE_ATTRIBUTES; }, 60000));
         props_test::HostedPage host(IDD_PAGE_MODULES, lmvx::ModulesPageProc, child.Pid());
         HWND list = GetDlgItem(host.Page(), IDC_MODULES_LIST);
         ASSERT_TRUE(PumpUntil([&] { return RowIsFilled(list, ListView_GetItemCount(list) - 1); }, 60000));
@@ -115,9 +103,9 @@ TEST_F(ModulesPage, ListsAtMost256ModulesAndFileNamesForModulesWithoutVersionDat
         EXPECT_EQ(last, CellText(list, 255, 0)) << "in load order";
         EXPECT_EQ(L"", CellText(list, 255, 1));
     }
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i <= 270; ++i) {
         wchar_t name[32];
-        swprintf(name, 32, L"\\empty%03d.dll", i);
+        swprintf(name, 32, i < 270 ? L"\\empty%03d.dll" : L"\\loaded", i);
         DeleteFileW((folder + name).c_str());
     }
     RemoveDirectoryW(folder.c_str());

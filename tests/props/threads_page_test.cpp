@@ -119,73 +119,6 @@ struct Worker {
     DWORD id = 0;
 };
 
-enum class Target { Running, Suspended, Ended, PagesOwnThread };
-
-// The texts of the boxes that the command showed, the call stack dialog itself left out.
-std::vector<std::wstring> BoxTexts(const actions_test::DialogAnswerer& answerer) {
-    std::vector<std::wstring> texts;
-    for (const auto& box : answerer.Seen()) {
-        if (box.caption.find(L"Call Stack for Thread") == std::wstring::npos) texts.push_back(box.caption + L"\n" + box.AllText());
-    }
-    return texts;
-}
-
-TEST_F(ThreadsPageTest, ThreadActionsAskTellWhyTheyFailedAndTheRowOfAnEndedThreadGoes) {
-    const struct {
-        const char* what;
-        Target target;
-        int command;
-        std::vector<const wchar_t*> boxes;   // a text of each box shown, in order
-        int suspendedAfter;                  // -1: not asked
-        bool rowGoes;
-    } cases[] = {
-        {"suspend asks first", Target::Running, IDM_THREAD_SUSPEND_RESUME, {L"Are you sure?"}, 1, false},
-        {"resume does not ask", Target::Suspended, IDM_THREAD_SUSPEND_RESUME, {}, 0, false},
-        {"the page's own thread", Target::PagesOwnThread, IDM_THREAD_SUSPEND_RESUME,
-         {L"Are you sure?", L"could not suspend the thread"}, 0, false},
-        {"suspend an ended thread", Target::Ended, IDM_THREAD_SUSPEND_RESUME,
-         {L"Are you sure?", L"could not suspend the thread"}, -1, true},
-        {"terminate an ended thread", Target::Ended, IDM_THREAD_TERMINATE,
-         {L"Are you sure?", L"could not terminate the thread"}, -1, true},
-        {"call stack of an ended thread", Target::Ended, IDM_THREAD_CALL_STACK,
-         {L"Lumivex could not find the specified thread."}, -1, true},
-        {"terminate", Target::Running, IDM_THREAD_TERMINATE, {L"Terminate Thread\n"}, -1, true},
-    };
-    HostedPage host(IDD_PAGE_THREADS, lmvx::ThreadsPageProc, GetCurrentProcessId());
-    HWND performance = Pane(host.Page(), IDC_THREADS_PANE_PERFORMANCE);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        Worker worker(c.target == Target::Suspended);
-        const DWORD threadId = c.target == Target::PagesOwnThread ? GetCurrentThreadId() : worker.id;
-        ASSERT_TRUE(SelectThread(host.Page(), threadId));
-        if (c.target == Target::Ended) worker.End();
-        std::vector<std::wstring> boxes;
-        {
-            actions_test::DialogAnswerer answerer(IDYES);
-            if (c.command == IDM_THREAD_CALL_STACK) {
-                SendMessageW(host.Page(), WM_COMMAND, c.command, 0);
-            } else {
-                SendDlgItemMessageW(performance, c.command, BM_CLICK, 0, 0);   // the pane's buttons
-            }
-            boxes = BoxTexts(answerer);
-        }
-        ASSERT_EQ(c.boxes.size(), boxes.size());
-        for (size_t i = 0; i < boxes.size(); ++i) EXPECT_NE(std::wstring::npos, boxes[i].find(c.boxes[i])) << boxes[i];
-        if (c.suspendedAfter >= 0) {
-            EXPECT_EQ(c.suspendedAfter == 1, kestrel::PRM_IsThreadSuspended(threadId) != 0);
-            EXPECT_EQ(c.suspendedAfter == 1 ? L"Resume Thread" : L"Suspend Thread",
-                      WindowText(GetDlgItem(performance, IDM_THREAD_SUSPEND_RESUME)));
-        }
-        if (c.rowGoes) {
-            EXPECT_TRUE(PumpUntil([&] { return RowOf(host.Page(), threadId) < 0; }, 10000));
-        } else {
-            EXPECT_GE(RowOf(host.Page(), threadId), 0);
-        }
-        DWORD_PTR result = 0;
-        EXPECT_TRUE(SendMessageTimeoutW(host.Page(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 5000, &result)) << "still answers";
-    }
-}
-
 // Reads the pop-up menu that the page shows and closes it unchosen. The page owns the menu, so it is told when
 // the menu opens and when the menu waits for input.
 class PopupMenuReader {
@@ -241,27 +174,79 @@ std::vector<UINT> IdsOf(const PopupMenuReader& menu) {
     return ids;
 }
 
-TEST_F(ThreadsPageTest, TheThreadMenuOffersResumeForASuspendedThreadAndGreysSuspendForThePagesOwn) {
+enum class Target { Running, Suspended, Ended, PagesOwnThread };
+
+// The texts of the boxes that the command showed, the call stack dialog itself left out.
+std::vector<std::wstring> BoxTexts(const actions_test::DialogAnswerer& answerer) {
+    std::vector<std::wstring> texts;
+    for (const auto& box : answerer.Seen()) {
+        if (box.caption.find(L"Call Stack for Thread") == std::wstring::npos) texts.push_back(box.caption + L"\n" + box.AllText());
+    }
+    return texts;
+}
+
+TEST_F(ThreadsPageTest, ThreadMenuAndActionsAskTellWhyTheyFailedAndTheRowOfAnEndedThreadGoes) {
     const struct {
+        const char* what;
         Target target;
-        const wchar_t* suspendItem;
-        bool grayed;
+        int command;
+        std::vector<const wchar_t*> boxes;   // a text of each box shown, in order
+        int suspendedAfter;                  // -1: not asked
+        bool rowGoes;
     } cases[] = {
-        {Target::Running, L"Suspend Thread", false},
-        {Target::Suspended, L"Resume Thread", false},
-        {Target::PagesOwnThread, L"Suspend Thread", true},
+        {"suspend asks first", Target::Running, IDM_THREAD_SUSPEND_RESUME, {L"Are you sure?"}, 1, false},
+        {"resume does not ask", Target::Suspended, IDM_THREAD_SUSPEND_RESUME, {}, 0, false},
+        {"the page's own thread", Target::PagesOwnThread, IDM_THREAD_SUSPEND_RESUME,
+         {L"Are you sure?", L"could not suspend the thread"}, 0, false},
+        {"suspend an ended thread", Target::Ended, IDM_THREAD_SUSPEND_RESUME,
+         {L"Are you sure?", L"could not suspend the thread"}, -1, true},
+        {"terminate an ended thread", Target::Ended, IDM_THREAD_TERMINATE,
+         {L"Are you sure?", L"could not terminate the thread"}, -1, true},
+        {"call stack of an ended thread", Target::Ended, IDM_THREAD_CALL_STACK,
+         {L"Lumivex could not find the specified thread."}, -1, true},
+        {"terminate", Target::Running, IDM_THREAD_TERMINATE, {L"Terminate Thread\n"}, -1, true},
     };
     HostedPage host(IDD_PAGE_THREADS, lmvx::ThreadsPageProc, GetCurrentProcessId());
+    HWND performance = Pane(host.Page(), IDC_THREADS_PANE_PERFORMANCE);
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
         Worker worker(c.target == Target::Suspended);
         const DWORD threadId = c.target == Target::PagesOwnThread ? GetCurrentThreadId() : worker.id;
         ASSERT_TRUE(SelectThread(host.Page(), threadId));
-        PopupMenuReader menu(host.Page());
-        props_test::Notify(ThreadList(host.Page()), NM_RCLICK);
-        const std::vector<UINT> ids = {IDM_THREAD_CALL_STACK, 0, IDM_THREAD_TERMINATE, IDM_THREAD_SUSPEND_RESUME};
-        EXPECT_EQ(ids, IdsOf(menu));
-        EXPECT_EQ(c.suspendItem, menu.Find(IDM_THREAD_SUSPEND_RESUME).text);
-        EXPECT_EQ(c.grayed, menu.Find(IDM_THREAD_SUSPEND_RESUME).grayed) << threadId;
+        {   // the thread's menu, before the command: suspend is greyed only for the page's own thread
+            PopupMenuReader menu(host.Page());
+            props_test::Notify(ThreadList(host.Page()), NM_RCLICK);
+            const std::vector<UINT> ids = {IDM_THREAD_CALL_STACK, 0, IDM_THREAD_TERMINATE, IDM_THREAD_SUSPEND_RESUME};
+            EXPECT_EQ(ids, IdsOf(menu));
+            EXPECT_EQ(c.target == Target::Suspended ? L"Resume Thread" : L"Suspend Thread",
+                      menu.Find(IDM_THREAD_SUSPEND_RESUME).text);
+            EXPECT_EQ(c.target == Target::PagesOwnThread, menu.Find(IDM_THREAD_SUSPEND_RESUME).grayed);
+        }
+        if (c.target == Target::Ended) worker.End();
+        std::vector<std::wstring> boxes;
+        {
+            actions_test::DialogAnswerer answerer(IDYES);
+            if (c.command == IDM_THREAD_CALL_STACK) {
+                SendMessageW(host.Page(), WM_COMMAND, c.command, 0);
+            } else {
+                SendDlgItemMessageW(performance, c.command, BM_CLICK, 0, 0);   // the pane's buttons
+            }
+            boxes = BoxTexts(answerer);
+        }
+        ASSERT_EQ(c.boxes.size(), boxes.size());
+        for (size_t i = 0; i < boxes.size(); ++i) EXPECT_NE(std::wstring::npos, boxes[i].find(c.boxes[i])) << boxes[i];
+        if (c.suspendedAfter >= 0) {
+            EXPECT_EQ(c.suspendedAfter == 1, kestrel::PRM_IsThreadSuspended(threadId) != 0);
+            EXPECT_EQ(c.suspendedAfter == 1 ? L"Resume Thread" : L"Suspend Thread",
+                      WindowText(GetDlgItem(performance, IDM_THREAD_SUSPEND_RESUME)));
+        }
+        if (c.rowGoes) {
+            EXPECT_TRUE(PumpUntil([&] { return RowOf(host.Page(), threadId) < 0; }, 10000));
+        } else {
+            EXPECT_GE(RowOf(host.Page(), threadId), 0);
+        }
+        DWORD_PTR result = 0;
+        EXPECT_TRUE(SendMessageTimeoutW(host.Page(), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 5000, &result)) << "still answers";
     }
 }
 

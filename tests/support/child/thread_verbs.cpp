@@ -152,6 +152,9 @@ int ManyModulesVerb(Arguments arguments) {
         CloseHandle(file);
         if (!wrote || !LoadLibraryW(path)) return ExitFailed;
     }
+    wchar_t loaded[MAX_PATH];   // tells the test that every copy is loaded
+    std::swprintf(loaded, MAX_PATH, L"%ls\\loaded", arguments[0]);
+    CloseHandle(CreateFileW(loaded, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     Sleep(std::wcstoul(arguments[2], nullptr, 10));
     return 0;
 }
