@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <thread>
 #include <vector>
@@ -119,60 +120,37 @@ struct Worker {
     DWORD id = 0;
 };
 
-// Reads the pop-up menu that the page shows and closes it unchosen. The page owns the menu, so it is told when
+// Reads the pop-up menu that the page shows and closes it unchosen: the page owns the menu, so it is told when
 // the menu opens and when the menu waits for input.
-class PopupMenuReader {
-public:
+struct PopupMenuReader {
     struct Item {
-        UINT id;
         std::wstring text;
         bool grayed;
     };
-    explicit PopupMenuReader(HWND page) : page_(page) {
-        reader_ = this;
-        previous_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc)));
+    explicit PopupMenuReader(HWND page) : page(page) {
+        reader = this;
+        previous = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc)));
     }
-    ~PopupMenuReader() {
-        SetWindowLongPtrW(page_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous_));
-        reader_ = nullptr;
-    }
-    PopupMenuReader(const PopupMenuReader&) = delete;
-    PopupMenuReader& operator=(const PopupMenuReader&) = delete;
-
-    std::vector<Item> items;
-    // The item with the id; a null id when the menu had none.
-    Item Find(UINT id) const {
-        for (const Item& item : items) {
-            if (item.id == id) return item;
-        }
-        return {0, L"", false};
-    }
-
-private:
+    ~PopupMenuReader() { SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous)); }
     static LRESULT CALLBACK Proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_INITMENUPOPUP) {
-            const HMENU menu = reinterpret_cast<HMENU>(wParam);
-            reader_->items.clear();
+            const auto menu = reinterpret_cast<HMENU>(wParam);
             for (int i = 0; i < GetMenuItemCount(menu); ++i) {
                 wchar_t text[256] = {};
                 GetMenuStringW(menu, i, text, 256, MF_BYPOSITION);
-                reader_->items.push_back({GetMenuItemID(menu, i), text, (GetMenuState(menu, i, MF_BYPOSITION) & MF_GRAYED) != 0});
+                reader->ids.push_back(GetMenuItemID(menu, i));
+                reader->items[GetMenuItemID(menu, i)] = {text, (GetMenuState(menu, i, MF_BYPOSITION) & MF_GRAYED) != 0};
             }
         }
         if (message == WM_ENTERIDLE && wParam == MSGF_MENU) EndMenu();
-        return CallWindowProcW(reader_->previous_, window, message, wParam, lParam);
+        return CallWindowProcW(reader->previous, window, message, wParam, lParam);
     }
-
-    static inline PopupMenuReader* reader_ = nullptr;
-    HWND page_;
-    WNDPROC previous_ = nullptr;
+    static inline PopupMenuReader* reader = nullptr;
+    HWND page;
+    WNDPROC previous = nullptr;
+    std::vector<UINT> ids;   // in menu order, 0 for a separator
+    std::map<UINT, Item> items;
 };
-
-std::vector<UINT> IdsOf(const PopupMenuReader& menu) {
-    std::vector<UINT> ids;
-    for (const auto& item : menu.items) ids.push_back(item.id);
-    return ids;
-}
 
 enum class Target { Running, Suspended, Ended, PagesOwnThread };
 
@@ -217,10 +195,10 @@ TEST_F(ThreadsPageTest, ThreadMenuAndActionsAskTellWhyTheyFailedAndTheRowOfAnEnd
             PopupMenuReader menu(host.Page());
             props_test::Notify(ThreadList(host.Page()), NM_RCLICK);
             const std::vector<UINT> ids = {IDM_THREAD_CALL_STACK, 0, IDM_THREAD_TERMINATE, IDM_THREAD_SUSPEND_RESUME};
-            EXPECT_EQ(ids, IdsOf(menu));
+            EXPECT_EQ(ids, menu.ids);
             EXPECT_EQ(c.target == Target::Suspended ? L"Resume Thread" : L"Suspend Thread",
-                      menu.Find(IDM_THREAD_SUSPEND_RESUME).text);
-            EXPECT_EQ(c.target == Target::PagesOwnThread, menu.Find(IDM_THREAD_SUSPEND_RESUME).grayed);
+                      menu.items[IDM_THREAD_SUSPEND_RESUME].text);
+            EXPECT_EQ(c.target == Target::PagesOwnThread, menu.items[IDM_THREAD_SUSPEND_RESUME].grayed);
         }
         if (c.target == Target::Ended) worker.End();
         std::vector<std::wstring> boxes;
@@ -286,11 +264,11 @@ TEST_F(ThreadsPageTest, WindowCommandsActAndTheWindowMenuGreysByTheWindowsState)
         props_test::Notify(windows, NM_RCLICK);
         const std::vector<UINT> ids = {IDM_WINDOW_BRING_TO_FRONT, IDM_WINDOW_HIDE, 0, IDM_WINDOW_RESTORE,
                                        IDM_WINDOW_MAXIMIZE, IDM_WINDOW_MINIMIZE, 0, IDM_WINDOW_CLOSE};
-        ASSERT_EQ(ids, IdsOf(menu));
-        EXPECT_EQ(c.hideGrey, menu.Find(IDM_WINDOW_HIDE).grayed);
-        EXPECT_EQ(c.restoreGrey, menu.Find(IDM_WINDOW_RESTORE).grayed);
-        EXPECT_EQ(c.maximizeGrey, menu.Find(IDM_WINDOW_MAXIMIZE).grayed);
-        EXPECT_EQ(c.minimizeGrey, menu.Find(IDM_WINDOW_MINIMIZE).grayed);
+        ASSERT_EQ(ids, menu.ids);
+        EXPECT_EQ(c.hideGrey, menu.items[IDM_WINDOW_HIDE].grayed);
+        EXPECT_EQ(c.restoreGrey, menu.items[IDM_WINDOW_RESTORE].grayed);
+        EXPECT_EQ(c.maximizeGrey, menu.items[IDM_WINDOW_MAXIMIZE].grayed);
+        EXPECT_EQ(c.minimizeGrey, menu.items[IDM_WINDOW_MINIMIZE].grayed);
     }
     SendMessageW(host.Page(), WM_COMMAND, IDM_WINDOW_CLOSE, 0);
     EXPECT_TRUE(child.WaitForExit(10000));
