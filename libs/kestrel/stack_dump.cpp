@@ -41,14 +41,13 @@ struct DebugHelp {
     decltype(&SymCleanup) cleanup = nullptr;
     decltype(&StackWalk64) stackWalk = nullptr;
     decltype(&SymFunctionTableAccess64) functionTableAccess = nullptr;
-    decltype(&SymGetModuleBase64) moduleBase = nullptr;
     decltype(&SymFromAddrW) fromAddress = nullptr;
     decltype(&SymGetModuleInfoW64) moduleInfo = nullptr;
     decltype(&SymGetLineFromAddrW64) lineFromAddress = nullptr;
     decltype(&SymLoadModuleExW) loadModule = nullptr;
 
     bool Complete() const {
-        return setOptions && initialize && cleanup && stackWalk && functionTableAccess && moduleBase && fromAddress &&
+        return setOptions && initialize && cleanup && stackWalk && functionTableAccess && fromAddress &&
                moduleInfo && lineFromAddress && loadModule;
     }
 };
@@ -72,7 +71,6 @@ const DebugHelp* LoadDebugHelp() {
         Bind(module, "SymCleanup", help.cleanup);
         Bind(module, "StackWalk64", help.stackWalk);
         Bind(module, "SymFunctionTableAccess64", help.functionTableAccess);
-        Bind(module, "SymGetModuleBase64", help.moduleBase);
         Bind(module, "SymFromAddrW", help.fromAddress);
         Bind(module, "SymGetModuleInfoW64", help.moduleInfo);
         Bind(module, "SymGetLineFromAddrW64", help.lineFromAddress);
