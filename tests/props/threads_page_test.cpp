@@ -1,10 +1,12 @@
 // The Threads page, its panes, its actions and the call stack dialog, on a child with known threads.
 #include <windows.h>
+#include <aclapi.h>
 #include <commctrl.h>
 
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -152,7 +154,27 @@ struct PopupMenuReader {
     std::map<UINT, Item> items;
 };
 
-enum class Target { Running, Suspended, Ended, PagesOwnThread };
+enum class Target { Running, Suspended, Ended, PagesOwnThread, InAProcessThatCannotBeOpened };
+
+// While it lives, this process's own security denies every access to it.
+class ProcessAccessDenied {
+public:
+    ProcessAccessDenied() {
+        GetSecurityInfo(GetCurrentProcess(), SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &previous_,
+                        nullptr, &descriptor_);
+        InitializeAcl(&empty_, sizeof empty_, ACL_REVISION);
+        SetSecurityInfo(GetCurrentProcess(), SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &empty_, nullptr);
+    }
+    ~ProcessAccessDenied() {
+        SetSecurityInfo(GetCurrentProcess(), SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, previous_, nullptr);
+        LocalFree(descriptor_);
+    }
+
+private:
+    PACL previous_ = nullptr;
+    PSECURITY_DESCRIPTOR descriptor_ = nullptr;
+    ACL empty_{};
+};
 
 // The texts of the boxes that the command showed, the call stack dialog itself left out.
 std::vector<std::wstring> BoxTexts(const actions_test::DialogAnswerer& answerer) {
@@ -182,6 +204,8 @@ TEST_F(ThreadsPageTest, ThreadMenuAndActionsAskTellWhyTheyFailedAndTheRowOfAnEnd
          {L"Are you sure?", L"could not terminate the thread"}, -1, true},
         {"call stack of an ended thread", Target::Ended, IDM_THREAD_CALL_STACK,
          {L"Lumivex could not find the specified thread."}, -1, true},
+        {"call stack in a process that cannot be opened", Target::InAProcessThatCannotBeOpened, IDM_THREAD_CALL_STACK,
+         {L"Lumivex was denied the right to access the thread."}, -1, false},
         {"terminate", Target::Running, IDM_THREAD_TERMINATE, {L"Terminate Thread\n"}, -1, true},
     };
     HostedPage host(IDD_PAGE_THREADS, lmvx::ThreadsPageProc, GetCurrentProcessId());
@@ -204,6 +228,8 @@ TEST_F(ThreadsPageTest, ThreadMenuAndActionsAskTellWhyTheyFailedAndTheRowOfAnEnd
         std::vector<std::wstring> boxes;
         {
             actions_test::DialogAnswerer answerer(IDYES);
+            std::optional<ProcessAccessDenied> denied;
+            if (c.target == Target::InAProcessThatCannotBeOpened) denied.emplace();
             if (c.command == IDM_THREAD_CALL_STACK) {
                 SendMessageW(host.Page(), WM_COMMAND, c.command, 0);
             } else {
