@@ -41,14 +41,13 @@ struct DebugHelp {
     decltype(&SymCleanup) cleanup = nullptr;
     decltype(&StackWalk64) stackWalk = nullptr;
     decltype(&SymFunctionTableAccess64) functionTableAccess = nullptr;
-    decltype(&SymGetModuleBase64) moduleBase = nullptr;
     decltype(&SymFromAddrW) fromAddress = nullptr;
     decltype(&SymGetModuleInfoW64) moduleInfo = nullptr;
     decltype(&SymGetLineFromAddrW64) lineFromAddress = nullptr;
     decltype(&SymLoadModuleExW) loadModule = nullptr;
 
     bool Complete() const {
-        return setOptions && initialize && cleanup && stackWalk && functionTableAccess && moduleBase && fromAddress &&
+        return setOptions && initialize && cleanup && stackWalk && functionTableAccess && fromAddress &&
                moduleInfo && lineFromAddress && loadModule;
     }
 };
@@ -72,7 +71,6 @@ const DebugHelp* LoadDebugHelp() {
         Bind(module, "SymCleanup", help.cleanup);
         Bind(module, "StackWalk64", help.stackWalk);
         Bind(module, "SymFunctionTableAccess64", help.functionTableAccess);
-        Bind(module, "SymGetModuleBase64", help.moduleBase);
         Bind(module, "SymFromAddrW", help.fromAddress);
         Bind(module, "SymGetModuleInfoW64", help.moduleInfo);
         Bind(module, "SymGetLineFromAddrW64", help.lineFromAddress);
@@ -104,10 +102,30 @@ private:
     bool suspended_;
 };
 
+// Options of every walk. Symbols of the program's own modules load when a name is first asked for, with line
+// numbers; modules of the Windows folder load at once with their exported names only (below).
+constexpr DWORD WalkOptions = SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS;
+constexpr DWORD SystemModuleOptions = SYMOPT_UNDNAME | SYMOPT_PUBLICS_ONLY | SYMOPT_FAIL_CRITICAL_ERRORS;
+
+bool InWindowsFolder(const wchar_t* path) {
+    static const std::wstring folder = [] {
+        wchar_t windows[MAX_PATH];
+        const UINT length = GetWindowsDirectoryW(windows, MAX_PATH);
+        return length == 0 || length >= MAX_PATH ? std::wstring() : std::wstring(windows, length) + L"\\";
+    }();
+    return !folder.empty() && _wcsnicmp(path, folder.c_str(), folder.size()) == 0;
+}
+
 // What one walk needs besides the library: the process's modules, handed to the library only when the walk
 // reaches them (letting it look for all of them itself, "invading" the process, costs seconds under Wine,
 // which lists the host's own libraries too), and the pages of the process's memory read so far: the walk
 // reads the stack in many small pieces, and each read of another process's memory is a round trip.
+//
+// The library knows the walk by a value of its own rather than the process handle: it then reads everything
+// through the walk's callbacks and the module files, and does not first look through the whole process for
+// the host's loader as it does for a live process under Wine. The system's modules are told to the library
+// with their exported names only: their full debug data (megabytes in Wine's own libraries) is what made a
+// walk slow. Their frames are named from the module's export table instead (ExportedFunction).
 class WalkSession {
 public:
     WalkSession(const DebugHelp& help, HANDLE process) : help_(help), process_(process) {
@@ -116,23 +134,41 @@ public:
         MODULEENTRY32W entry{};
         entry.dwSize = sizeof entry;
         for (BOOL more = Module32FirstW(snapshot.Get(), &entry); more; more = Module32NextW(snapshot.Get(), &entry)) {
-            modules_.push_back({entry, false});
+            modules_.push_back({entry, InWindowsFolder(entry.szExePath)});
         }
     }
 
+    // What the library knows the walk by.
+    HANDLE Identity() const { return const_cast<WalkSession*>(this); }
+
     // The base of the module holding the address, told to the library first if it does not know it yet.
     DWORD64 ModuleBase(DWORD64 address) {
-        for (Module& module : modules_) {
-            const auto base = reinterpret_cast<DWORD64>(module.entry.modBaseAddr);
-            if (address < base || address - base >= module.entry.modBaseSize) continue;
-            if (!module.loaded) {
-                help_.loadModule(process_, nullptr, module.entry.szExePath, module.entry.szModule, base,
-                                 module.entry.modBaseSize, nullptr, 0);
-                module.loaded = true;
-            }
-            return base;
+        Module* module = ModuleAt(address);
+        if (!module) return 0;
+        const DWORD64 base = module->Base();
+        if (!module->loaded) {
+            if (module->system) help_.setOptions(SystemModuleOptions);   // not deferred: loads now, with these options
+            help_.loadModule(Identity(), nullptr, module->entry.szExePath, module->entry.szModule, base,
+                             module->entry.modBaseSize, nullptr, 0);
+            if (module->system) help_.setOptions(WalkOptions);
+            module->loaded = true;
         }
-        return help_.moduleBase(process_, address);
+        return base;
+    }
+
+    // The exported name of the function that holds the address in a module of the system: the function's
+    // start comes from the module's unwind table, and the function is named when an export points at that
+    // start (never the nearest export before it, which would name the wrong function). Empty otherwise.
+    std::wstring ExportedFunction(DWORD64 address, DWORD64& start) {
+        Module* module = ModuleAt(address);
+        if (!module || !module->system || !module->loaded) return {};
+        const auto* function = static_cast<const RUNTIME_FUNCTION*>(help_.functionTableAccess(Identity(), address));
+        if (!function) return {};
+        if (!module->exportsRead) ReadExports(*module);
+        const auto found = module->exports.find(function->BeginAddress);
+        if (found == module->exports.end()) return {};
+        start = module->Base() + function->BeginAddress;
+        return found->second;
     }
 
     bool Read(DWORD64 address, void* buffer, DWORD size, DWORD* read) {
@@ -155,8 +191,52 @@ private:
     static constexpr DWORD64 PageSize = 4096;
     struct Module {
         MODULEENTRY32W entry;
-        bool loaded;
+        bool system;
+        bool loaded = false;
+        bool exportsRead = false;
+        std::unordered_map<DWORD, std::wstring> exports;   // by the function's address in the module
+        DWORD64 Base() const { return reinterpret_cast<DWORD64>(entry.modBaseAddr); }
     };
+
+    Module* ModuleAt(DWORD64 address) {
+        for (Module& module : modules_) {
+            if (address >= module.Base() && address - module.Base() < module.entry.modBaseSize) return &module;
+        }
+        return nullptr;
+    }
+
+    template <typename Item>
+    bool ReadArray(DWORD64 address, std::vector<Item>& items) {
+        return Read(address, items.data(), static_cast<DWORD>(items.size() * sizeof(Item)), nullptr);
+    }
+
+    // The export table as the process has it mapped.
+    void ReadExports(Module& module) {
+        module.exportsRead = true;
+        const DWORD64 base = module.Base();
+        IMAGE_DOS_HEADER dos{};
+        IMAGE_NT_HEADERS64 nt{};
+        if (!Read(base, &dos, sizeof dos, nullptr) || dos.e_magic != IMAGE_DOS_SIGNATURE ||
+            !Read(base + dos.e_lfanew, &nt, sizeof nt, nullptr) || nt.Signature != IMAGE_NT_SIGNATURE) {
+            return;
+        }
+        const IMAGE_DATA_DIRECTORY& directory = nt.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+        IMAGE_EXPORT_DIRECTORY exports{};
+        if (directory.Size == 0 || !Read(base + directory.VirtualAddress, &exports, sizeof exports, nullptr)) return;
+        std::vector<DWORD> functions(std::min<DWORD>(exports.NumberOfFunctions, 0x10000));
+        std::vector<DWORD> names(std::min<DWORD>(exports.NumberOfNames, 0x10000));
+        std::vector<WORD> ordinals(names.size());
+        if (!ReadArray(base + exports.AddressOfFunctions, functions) || !ReadArray(base + exports.AddressOfNames, names) ||
+            !ReadArray(base + exports.AddressOfNameOrdinals, ordinals)) {
+            return;
+        }
+        for (size_t i = 0; i < names.size(); ++i) {
+            if (ordinals[i] >= functions.size()) continue;
+            char name[256] = {};
+            Read(base + names[i], name, sizeof name - 1, nullptr);   // a name near the image's end reads short
+            module.exports.emplace(functions[ordinals[i]], std::wstring(name, name + std::strlen(name)));
+        }
+    }
 
     const std::vector<unsigned char>* Page(DWORD64 start) {
         const auto found = pages_.find(start);
@@ -187,9 +267,9 @@ BOOL CALLBACK ReadSessionMemory(HANDLE, DWORD64 address, void* buffer, DWORD siz
 
 DWORD64 CALLBACK SessionModuleBase(HANDLE, DWORD64 address) { return activeSession->ModuleBase(address); }
 
-void* CALLBACK SessionFunctionTable(HANDLE process, DWORD64 address) {
+void* CALLBACK SessionFunctionTable(HANDLE session, DWORD64 address) {
     activeSession->ModuleBase(address);   // the table is found only in a module the library knows
-    return LoadDebugHelp()->functionTableAccess(process, address);
+    return LoadDebugHelp()->functionTableAccess(session, address);
 }
 
 struct RawFrame {
@@ -198,7 +278,7 @@ struct RawFrame {
 };
 
 // The instruction and return addresses of every frame, taken while the thread is held still.
-bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vector<RawFrame>& frames) {
+bool WalkFrames(const DebugHelp& help, HANDLE session, HANDLE thread, std::vector<RawFrame>& frames) {
     SuspendedThread hold(thread);
     if (!hold.Suspended()) return false;
     CONTEXT context{};
@@ -212,7 +292,7 @@ bool WalkFrames(const DebugHelp& help, HANDLE process, HANDLE thread, std::vecto
     frame.AddrStack.Offset = context.Rsp;
     frame.AddrStack.Mode = AddrModeFlat;
     while (frames.size() < MaxFrames &&
-           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, process, thread, &frame, &context, ReadSessionMemory,
+           help.stackWalk(IMAGE_FILE_MACHINE_AMD64, session, thread, &frame, &context, ReadSessionMemory,
                           SessionFunctionTable, SessionModuleBase, nullptr)) {
         if (frame.AddrPC.Offset == 0) break;
         frames.push_back({frame.AddrPC.Offset, frame.AddrReturn.Offset});
@@ -233,7 +313,19 @@ void CopyText(wchar_t* target, size_t capacity, const wchar_t* text) {
     target[capacity - 1] = L'\0';
 }
 
-_SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFrame& raw) {
+void SetFunction(_SI_STACKFRAME& frame, const wchar_t* name, DWORD64 start) {
+    frame.functionAddress64 = start;
+    frame.functionAddress = static_cast<unsigned>(start);
+    frame.functionValid = 1;
+    const DWORD64 displacement = frame.programCounter - start;
+    if (displacement != 0) {
+        std::swprintf(frame.functionText, 260, L"%ls+0x%llx", name, displacement);
+    } else {
+        CopyText(frame.functionText, 260, name);
+    }
+}
+
+_SI_STACKFRAME DescribeFrame(const DebugHelp& help, WalkSession& session, const RawFrame& raw) {
     _SI_STACKFRAME frame{};
     frame.programCounter = raw.programCounter;
     frame.returnAddress64 = raw.returnAddress;
@@ -241,7 +333,7 @@ _SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFra
 
     IMAGEHLP_MODULEW64 module{};
     module.SizeOfStruct = sizeof module;
-    if (help.moduleInfo(process, raw.programCounter, &module)) {
+    if (help.moduleInfo(session.Identity(), raw.programCounter, &module)) {
         CopyText(frame.modulePath, 260, module.LoadedImageName[0] ? module.LoadedImageName : module.ImageName);
         CopyText(frame.moduleName, 512, FileNameOf(frame.modulePath));
     }
@@ -251,21 +343,17 @@ _SI_STACKFRAME DescribeFrame(const DebugHelp& help, HANDLE process, const RawFra
     symbol->SizeOfStruct = sizeof(SYMBOL_INFOW);
     symbol->MaxNameLen = 256;
     DWORD64 displacement = 0;
-    if (help.fromAddress(process, raw.programCounter, &displacement, symbol)) {
-        frame.functionAddress64 = symbol->Address;
-        frame.functionAddress = static_cast<unsigned>(symbol->Address);
-        frame.functionValid = 1;
-        if (displacement != 0) {
-            std::swprintf(frame.functionText, 260, L"%ls+0x%llx", symbol->Name, displacement);
-        } else {
-            CopyText(frame.functionText, 260, symbol->Name);
-        }
+    DWORD64 start = 0;
+    if (help.fromAddress(session.Identity(), raw.programCounter, &displacement, symbol)) {
+        SetFunction(frame, symbol->Name, symbol->Address);
+    } else if (const std::wstring exported = session.ExportedFunction(raw.programCounter, start); !exported.empty()) {
+        SetFunction(frame, exported.c_str(), start);
     }
 
     IMAGEHLP_LINEW64 line{};
     line.SizeOfStruct = sizeof line;
     DWORD lineDisplacement = 0;
-    if (help.lineFromAddress(process, raw.programCounter, &lineDisplacement, &line) && line.FileName) {
+    if (help.lineFromAddress(session.Identity(), raw.programCounter, &lineDisplacement, &line) && line.FileName) {
         std::swprintf(frame.sourceText, 512, L"%ls(%lu)", line.FileName, line.LineNumber);
     }
 
@@ -294,16 +382,16 @@ int _SI_STACKDUMP::CreateStackDump(HANDLE process, HANDLE thread, const wchar_t*
     if (!help) return 0;
 
     std::lock_guard<std::mutex> lock(DebugHelpLock());
-    help->setOptions(SYMOPT_UNDNAME | SYMOPT_DEFERRED_LOADS | SYMOPT_LOAD_LINES | SYMOPT_FAIL_CRITICAL_ERRORS);
-    if (!help->initialize(process, nullptr, FALSE)) return 0;
+    help->setOptions(WalkOptions);
     WalkSession session(*help, process);
+    if (!help->initialize(session.Identity(), nullptr, FALSE)) return 0;
     activeSession = &session;
     std::vector<RawFrame> raw;
-    const bool walked = WalkFrames(*help, process, thread, raw);
+    const bool walked = WalkFrames(*help, session.Identity(), thread, raw);
     activeSession = nullptr;
     // Names are looked up after the thread runs again: symbol loading can take long.
-    for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, process, frame));
-    help->cleanup(process);
+    for (const RawFrame& frame : raw) frames_->frames.push_back(DescribeFrame(*help, session, frame));
+    help->cleanup(session.Identity());
     if (!walked) {
         frames_->frames.clear();
         return 0;

@@ -104,18 +104,28 @@ TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRun
     ASSERT_TRUE(stack.CreateStackDump(process, thread, nullptr));
     bool childFrame = false;
     bool knownFunction = false;
+    bool systemExport = false;   // a frame of the system's modules, named from their exports
     for (unsigned i = 0; i < stack.frameCount; ++i) {
         const kestrel::_SI_STACKFRAME frame = stack.GetFrame(i);
         std::wstring path = frame.modulePath;
         childFrame |= path.find(L"lmvx_test_child.exe") != std::wstring::npos;
         knownFunction |= std::wstring(frame.callText).find(L"BlockedInChildWait") != std::wstring::npos;
+        systemExport |= std::wstring(frame.callText).find(L"kernel32.dll!BaseThreadInitThunk+0x") == 0;
     }
     EXPECT_TRUE(childFrame);
     EXPECT_TRUE(knownFunction);
+    EXPECT_TRUE(systemExport);
     EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(threads_->blocked)) << "resumed after the walk";
     EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), GetCurrentThread(), nullptr)) << "not the calling thread";
     CloseHandle(thread);
     CloseHandle(process);
+
+    // A thread that ends after it was opened, before the walk holds it, gives no stack and no hang.
+    HANDLE ended = CreateThread(nullptr, 0, [](void*) -> DWORD { return 0; }, nullptr, 0, nullptr);
+    ASSERT_EQ(WAIT_OBJECT_0, WaitForSingleObject(ended, 10000));
+    EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), ended, nullptr));
+    EXPECT_EQ(0u, stack.frameCount);
+    CloseHandle(ended);
 }
 
 }  // namespace

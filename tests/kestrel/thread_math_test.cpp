@@ -16,7 +16,7 @@ TEST(ThreadCpuPercent, IsAShareOfAllProcessors) {
     EXPECT_EQ(0.0, ThreadCpuPercent(0, 500, 0, 1)) << "nothing measured yet";
 }
 
-TEST(ThreadPriorityLevel, FromAbsoluteLevelsAsWindowsReportsThem) {
+TEST(ThreadPriorityLevel, FromAbsoluteLevelsAsWindowsReportsThemOrRelativeOnesAsWineDoes) {
     struct Case {
         long thread, process;
         int level;
@@ -25,15 +25,10 @@ TEST(ThreadPriorityLevel, FromAbsoluteLevelsAsWindowsReportsThem) {
         {8, 8, 0},   {9, 8, 1},    {10, 8, 2},   {7, 8, -1}, {6, 8, -2},  {15, 8, 15}, {1, 8, -15},
         {4, 4, 0},   {1, 4, -15},  {15, 13, 15}, {11, 13, -2}, {24, 24, 0}, {31, 24, 15}, {16, 24, -15},
         {26, 24, 2}, {22, 24, -2},
+        // Wine reports the relative level itself, with a class index as the process's priority.
+        {0, 2, 0},   {-2, 2, -2},  {15, 2, 15},  {-15, 2, -15},
     };
     for (const Case& c : cases) EXPECT_EQ(c.level, ThreadPriorityLevel(c.thread, c.process)) << c.thread << "/" << c.process;
-}
-
-TEST(ThreadPriorityLevel, WineReportsTheRelativeLevelAndAClassIndex) {
-    EXPECT_EQ(0, ThreadPriorityLevel(0, 2));
-    EXPECT_EQ(-2, ThreadPriorityLevel(-2, 2));
-    EXPECT_EQ(15, ThreadPriorityLevel(15, 2));
-    EXPECT_EQ(-15, ThreadPriorityLevel(-15, 2));
 }
 
 }  // namespace

@@ -60,11 +60,21 @@ int FindRowWithText(HWND list, int column, const std::wstring& part) {
     return -1;
 }
 
+int FindRowWithData(HWND list, LPARAM data) {
+    LVFINDINFOW find{};
+    find.flags = LVFI_PARAM;
+    find.lParam = data;
+    return static_cast<int>(SendMessageW(list, LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&find)));
+}
+
 void SelectRow(HWND list, int row) {
     ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     ListView_SetSelectionMark(list, row);
-    // The list tells its parent of the click; the page reads the mark on any notification.
-    NMHDR header{list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), static_cast<UINT>(NM_CLICK)};
+    Notify(list, NM_CLICK);   // the pages read the mark on any notification
+}
+
+void Notify(HWND list, UINT code) {
+    NMHDR header{list, static_cast<UINT_PTR>(GetDlgCtrlID(list)), code};
     SendMessageW(GetParent(list), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 

@@ -1,10 +1,13 @@
-// Verbs for the thread views: known-threads (threads that each do one known thing) and deep-stack.
+// Verbs for the thread and module views: known-threads (threads that each do one known thing), deep-stack
+// and many-modules.
 #include "verbs.h"
 
 #include <windows.h>
 
 #include <cstdio>
+#include <cstring>
 #include <cwchar>
+#include <vector>
 
 namespace lmvx_test_child {
 
@@ -87,6 +90,72 @@ int KnownThreadsVerb(Arguments arguments) {
     CloseHandle(file);
     if (!MoveFileExW(temporary, arguments[0], MOVEFILE_REPLACE_EXISTING)) return ExitFailed;
     Sleep(milliseconds);
+    return 0;
+}
+
+}  // namespace lmvx_test_child
+
+namespace lmvx_test_child {
+
+namespace {
+
+// The smallest DLL the loader accepts: headers and one empty data section, no code, no imports, no version
+// data. Each copy asks for a base of its own, so that none needs relocating.
+std::vector<unsigned char> EmptyDll(ULONGLONG imageBase) {
+    constexpr DWORD kFileAlignment = 0x200, kSectionAlignment = 0x1000;
+    std::vector<unsigned char> file(2 * kFileAlignment, 0);
+    auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(file.data());
+    dos->e_magic = IMAGE_DOS_SIGNATURE;
+    dos->e_lfanew = sizeof(IMAGE_DOS_HEADER);
+    auto* nt = reinterpret_cast<IMAGE_NT_HEADERS64*>(file.data() + dos->e_lfanew);
+    nt->Signature = IMAGE_NT_SIGNATURE;
+    nt->FileHeader.Machine = IMAGE_FILE_MACHINE_AMD64;
+    nt->FileHeader.NumberOfSections = 1;
+    nt->FileHeader.SizeOfOptionalHeader = sizeof(IMAGE_OPTIONAL_HEADER64);
+    nt->FileHeader.Characteristics = IMAGE_FILE_EXECUTABLE_IMAGE | IMAGE_FILE_DLL | IMAGE_FILE_LARGE_ADDRESS_AWARE;
+    IMAGE_OPTIONAL_HEADER64& optional = nt->OptionalHeader;
+    optional.Magic = IMAGE_NT_OPTIONAL_HDR64_MAGIC;
+    optional.SizeOfInitializedData = kFileAlignment;
+    optional.ImageBase = imageBase;
+    optional.SectionAlignment = kSectionAlignment;
+    optional.FileAlignment = kFileAlignment;
+    optional.MajorOperatingSystemVersion = optional.MajorSubsystemVersion = 6;
+    optional.SizeOfImage = 2 * kSectionAlignment;
+    optional.SizeOfHeaders = kFileAlignment;
+    optional.Subsystem = IMAGE_SUBSYSTEM_WINDOWS_GUI;
+    optional.SizeOfStackReserve = optional.SizeOfHeapReserve = 0x100000;
+    optional.SizeOfStackCommit = optional.SizeOfHeapCommit = 0x1000;
+    optional.NumberOfRvaAndSizes = IMAGE_NUMBEROF_DIRECTORY_ENTRIES;
+    auto* section = reinterpret_cast<IMAGE_SECTION_HEADER*>(nt + 1);
+    std::memcpy(section->Name, ".data", 5);
+    section->Misc.VirtualSize = kFileAlignment;
+    section->VirtualAddress = kSectionAlignment;
+    section->SizeOfRawData = kFileAlignment;
+    section->PointerToRawData = kFileAlignment;
+    section->Characteristics = IMAGE_SCN_CNT_INITIALIZED_DATA | IMAGE_SCN_MEM_READ;
+    return file;
+}
+
+}  // namespace
+
+int ManyModulesVerb(Arguments arguments) {
+    if (arguments.size() < 3) return ExitUsage;
+    const unsigned count = std::wcstoul(arguments[1], nullptr, 10);
+    for (unsigned i = 0; i < count; ++i) {
+        const std::vector<unsigned char> dll = EmptyDll(0x600000000ull + i * 0x10000ull);
+        wchar_t path[MAX_PATH];
+        std::swprintf(path, MAX_PATH, L"%ls\\empty%03u.dll", arguments[0], i);
+        HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return ExitFailed;
+        DWORD written = 0;
+        const BOOL wrote = WriteFile(file, dll.data(), static_cast<DWORD>(dll.size()), &written, nullptr);
+        CloseHandle(file);
+        if (!wrote || !LoadLibraryW(path)) return ExitFailed;
+    }
+    wchar_t loaded[MAX_PATH];   // tells the test that every copy is loaded
+    std::swprintf(loaded, MAX_PATH, L"%ls\\loaded", arguments[0]);
+    CloseHandle(CreateFileW(loaded, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    Sleep(std::wcstoul(arguments[2], nullptr, 10));
     return 0;
 }
 

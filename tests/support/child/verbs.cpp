@@ -288,6 +288,7 @@ constexpr VerbEntry VerbTable[] = {
     {L"sockets", SocketsVerb, L"sockets <file> <event>"},
     {L"deep-stack", DeepStackVerb, L"deep-stack <depth> <ms>: the main thread sleeps <depth> calls deep"},
     {L"known-threads", KnownThreadsVerb, L"known-threads <file> <ms>: one thread burns, one is suspended, one is blocked, one has a window"},
+    {L"many-modules", ManyModulesVerb, L"many-modules <folder> <count> <ms>: loads <count> distinct empty DLLs written to <folder>, then writes <folder>\\loaded"},
     {L"hold", HoldVerb, L"hold <file> <report> <other pid>"},
     {L"many", ManyHandlesVerb, L"many <count> <report>"},
     {L"memory", MemoryVerb, L"memory <file>"},

@@ -20,6 +20,7 @@ std::span<const VerbEntry> Verbs();
 // Verbs that live in files of their own.
 int KnownThreadsVerb(Arguments arguments);
 int DeepStackVerb(Arguments arguments);
+int ManyModulesVerb(Arguments arguments);
 // Handle-holding verbs (handle_verbs.cpp).
 int HoldVerb(Arguments arguments);
 int ManyHandlesVerb(Arguments arguments);
