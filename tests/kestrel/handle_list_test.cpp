@@ -62,6 +62,7 @@ TEST_F(HeldHandles, EachKnownHandleIsListedWithItsTypeAndName) {
         EXPECT_TRUE(EndsWith(entry->GetObjectPrintStr(), e.printEnd)) << e.kind << ": " << entry->GetObjectPrintStr();
         EXPECT_EQ(entry->IsDosFile() != 0, e.dosFile) << e.kind;
         EXPECT_NE(entry->GetDesiredAccess(), 0u) << e.kind;
+        EXPECT_NE(entry->GetReferenceCount(), 0u) << e.kind;   // read when asked for, not at the query
     }
     // A copy is independent of the list's entry.
     kestrel::_HANDLEOBJECT copy = *Find(list, child.Value(L"file"));
