@@ -43,15 +43,6 @@ bool QueryTypeName(HANDLE object, std::wstring& type) {
     return true;
 }
 
-void QueryBasicInfo(HANDLE object, HandleObjectData& data) {
-    const auto query = nt::QueryObject();
-    nt::ObjectBasicInfo info{};
-    if (!query || query(object, nt::ObjectBasicInformationClass, &info, sizeof info, nullptr) < 0) return;
-    data.referenceCount = info.PointerCount;
-    data.pagedPoolQuota = info.PagedPoolCharge;
-    data.nonPagedPoolQuota = info.NonPagedPoolCharge;
-}
-
 std::wstring FileNameOf(const std::wstring& path) {
     const size_t slash = path.find_last_of(L"\\/");
     return slash == std::wstring::npos ? path : path.substr(slash + 1);
@@ -73,7 +64,8 @@ struct HandleListState {
     QueryBuffer buffer;
     std::vector<RawHandle> raw;
     std::unordered_map<ULONG, std::wstring> typeNames;   // by the system's type index
-    std::vector<DriveDevice> drives;
+    std::vector<DriveDevice> drives;   // read again at each query that names a file
+    bool drivesRead = false;
     NameQueryWorker worker;
     unsigned lastPid = 0;   // the process of the last query
     // File handles whose name query did not return, with that query: skipped until it has returned.
@@ -110,17 +102,28 @@ void HandleListState::NameFile(ULONG_PTR value, UniqueHandle object, HandleObjec
         data.name.clear();
         return;
     }
+    if (!drivesRead) {
+        drives = CurrentDriveDevices();
+        drivesRead = true;
+    }
     data.print = NativeToDosPath(data.name, drives);
     data.dosFile = IsDrivePath(data.print);
 }
 
+// What a handle costs: with its type known by its index, a thread handle costs nothing (threads have no
+// names); any other one a duplication, a name query (two round trips to Wine's server) and a close. The
+// counts wait until they are read (LoadCounts).
 void HandleListState::Describe(const RawHandle& handle, HANDLE process, HandleObjectData& data) {
+    const auto known = handle.typeIndex != 0 ? typeNames.find(handle.typeIndex) : typeNames.end();
+    if (known != typeNames.end() && known->second == L"Thread") {
+        data.type = known->second;
+        return;
+    }
     UniqueHandle object;
     DuplicateHandle(process, reinterpret_cast<HANDLE>(handle.value), GetCurrentProcess(), object.Put(), 0, FALSE,
                     DUPLICATE_SAME_ACCESS);
     data.type = TypeOf(handle, object.Get());
     if (!object) return;
-    QueryBasicInfo(object.Get(), data);
     if (data.type == L"File") {
         NameFile(handle.value, std::move(object), data);
     } else if (data.type == L"Process") {
@@ -138,10 +141,10 @@ void HandleListState::ForgetFinishedBlocks(unsigned pid) {
     std::erase_if(blocked, [](auto& entry) { return QueryFinished(*entry.second); });
 }
 
-// Describing a handle costs four calls into the system (duplicate, two queries, close): for a process with
-// thousands of handles, seconds. A handle with the same value, type and access as at the last query of the
-// process is taken as the same object and keeps its description (reference count and quotas included). File
-// handles are always described again: their names change when files are renamed, and they are few.
+// Describing thousands of handles takes seconds under Wine (see Describe). A handle with the same value, type
+// and access as at the last query of the process is taken as the same object and keeps its description
+// (counts included, once read). File handles are always described again: their names change when files are
+// renamed, and they are few.
 bool HandleListState::TakeFromLastQuery(const RawHandle& handle, std::vector<_HANDLEOBJECT>& last,
                                         HandleObjectData& data) {
     if (handle.typeIndex == 0) return false;
@@ -158,7 +161,7 @@ bool HandleListState::TakeFromLastQuery(const RawHandle& handle, std::vector<_HA
 void HandleListState::Query(unsigned pid, HANDLE process) {
     if (pid != lastPid) lastByValue.clear();
     ForgetFinishedBlocks(pid);
-    drives = CurrentDriveDevices();
+    drivesRead = false;
     std::vector<_HANDLEOBJECT> last = std::move(entries);
     entries = std::vector<_HANDLEOBJECT>(raw.size());
     for (size_t i = 0; i < raw.size(); ++i) {

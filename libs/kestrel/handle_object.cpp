@@ -1,8 +1,30 @@
 // _HANDLEOBJECT: one handle of a remote process, and closing it there.
 #include "platform/kestrel.h"
 
+#include "handle_nt_api.h"
 #include "handle_object.h"
 #include "process_control_query.h"
+
+namespace kestrel::detail {
+
+void LoadCounts(HandleObjectData& data) {
+    if (data.countsKnown) return;
+    data.countsKnown = true;
+    const auto query = nt::QueryObject();
+    UniqueHandle process = data.pid ? OpenLiveProcess(data.pid, PROCESS_DUP_HANDLE) : UniqueHandle();
+    UniqueHandle object;
+    if (!query || !process ||
+        !DuplicateHandle(process.Get(), reinterpret_cast<HANDLE>(data.value), GetCurrentProcess(), object.Put(), 0,
+                         FALSE, DUPLICATE_SAME_ACCESS))
+        return;
+    nt::ObjectBasicInfo info{};
+    if (query(object.Get(), nt::ObjectBasicInformationClass, &info, sizeof info, nullptr) < 0) return;
+    data.referenceCount = info.PointerCount;   // as the system gives it, our copy's reference included
+    data.pagedPoolQuota = info.PagedPoolCharge;
+    data.nonPagedPoolQuota = info.NonPagedPoolCharge;
+}
+
+}  // namespace kestrel::detail
 
 namespace kestrel {
 
@@ -20,10 +42,12 @@ void* _HANDLEOBJECT::GetRemoteHandle() const { return reinterpret_cast<void*>(da
 const wchar_t* _HANDLEOBJECT::GetObjectTypeStr() const { return data_->type.c_str(); }
 const wchar_t* _HANDLEOBJECT::GetObjectName() const { return data_->name.c_str(); }
 const wchar_t* _HANDLEOBJECT::GetObjectPrintStr() const { return data_->print.c_str(); }
-unsigned long _HANDLEOBJECT::GetReferenceCount() const { return data_->referenceCount; }
+unsigned long _HANDLEOBJECT::GetReferenceCount() const { return detail::LoadCounts(*data_), data_->referenceCount; }
 unsigned long _HANDLEOBJECT::GetDesiredAccess() const { return data_->grantedAccess; }
-unsigned long _HANDLEOBJECT::GetPagedPoolQuota() const { return data_->pagedPoolQuota; }
-unsigned long _HANDLEOBJECT::GetNonPagedPoolQuota() const { return data_->nonPagedPoolQuota; }
+unsigned long _HANDLEOBJECT::GetPagedPoolQuota() const { return detail::LoadCounts(*data_), data_->pagedPoolQuota; }
+unsigned long _HANDLEOBJECT::GetNonPagedPoolQuota() const {
+    return detail::LoadCounts(*data_), data_->nonPagedPoolQuota;
+}
 int _HANDLEOBJECT::IsDosFile() const { return data_->dosFile ? 1 : 0; }
 
 int _HANDLEOBJECT::CloseRemoteHandle() const {

@@ -13,11 +13,18 @@ struct HandleObjectData {
     std::wstring type;
     std::wstring name;
     std::wstring print;
-    unsigned long referenceCount = 0;
     unsigned long grantedAccess = 0;
+    bool dosFile = false;
+    // Asked of the system when first read (see LoadCounts), not at the query: no list shows them.
+    bool countsKnown = false;
+    unsigned long referenceCount = 0;
     unsigned long pagedPoolQuota = 0;
     unsigned long nonPagedPoolQuota = 0;
-    bool dosFile = false;
 };
+
+// Fills the reference count and the pool quotas once, from the handle as it is now in its process (all 0
+// when the process or the handle has gone). Each costs a duplication, a query and a close, so a list of
+// thousands of handles asks only for those that are looked at.
+void LoadCounts(HandleObjectData& data);
 
 }  // namespace kestrel::detail
