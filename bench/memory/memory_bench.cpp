@@ -1,4 +1,5 @@
-// memory_bench <file>: prints three figures.
+// memory_bench [<file> | search | viewer]: prints three figures (without a file, the last two; "search" or
+// "viewer": that one alone).
 //  1. Image strings: LoadImageStrings on the file (read and extract), best of three runs.
 //  2. Memory search: SearchProcessMemory over this process, which holds 64 MiB of committed private memory
 //     below 4 GB, with a plain find text that matches nothing, against a bare loop of ReadProcessMemory over the
@@ -13,11 +14,13 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "child_process.h"
 #include "finch.h"
 #include "memory/memory_search_scan.h"
+#include "memory/memory_string_scan.h"
 #include "memory/memory_viewer.h"
 #include "memory/process_memory.h"
 #include "memory/search_pattern.h"
@@ -88,18 +91,38 @@ void MemorySearch() {
         bareBytes = BareReadLoop(process.Get());
         bareSeconds = std::min(bareSeconds, SecondsSince(start));
         lmvx::MemorySearchState state;
-        // What the search dialog does with each string: the plain find text needs no shell match.
+        // What the search dialog does with each string (the plain find text needs no shell match) and
+        // with its messages.
         struct Matcher {
             static void Found(void* pattern, uint32_t, const wchar_t* text) {
                 static_cast<lmvx::SearchPattern*>(pattern)->Matches(text);
             }
+            static void Pump(void*) {
+                MSG message;
+                while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+            }
         };
         lmvx::SearchPattern pattern(L"no string holds this");
         start = Clock::now();
-        lmvx::SearchProcessMemory(process.Get(), state, {Matcher::Found, nullptr, &pattern});
+        lmvx::SearchProcessMemory(process.Get(), state, {Matcher::Found, Matcher::Pump, &pattern});
         searchSeconds = std::min(searchSeconds, SecondsSince(start));
         searchBytes = state.bytesRead;
     }
+    // The chunk scanner alone over the same bytes in the same chunks, without reads or queries.
+    double scanSeconds = 1e9;
+    for (int run = 0; run < 3; ++run) {
+        size_t strings = 0;
+        const lmvx::MemoryStringSink count{[](void* context, size_t, const char16_t*, size_t, bool) {
+                                               ++*static_cast<size_t*>(context);
+                                           },
+                                           &strings};
+        const auto start = Clock::now();
+        for (SIZE_T at = 0; at < kHeld; at += lmvx::kSearchChunkLength + 1) {
+            lmvx::ScanMemoryChunk(bytes + at, std::min<SIZE_T>(lmvx::kSearchChunkLength, kHeld - at), count);
+        }
+        scanSeconds = std::min(scanSeconds, SecondsSince(start));
+    }
+    std::printf("memory search: the chunk scanner alone %.1f MB/s\n", kHeld / 1e6 / scanSeconds);
     const double bareRate = bareBytes / 1e6 / bareSeconds;
     const double searchRate = searchBytes / 1e6 / searchSeconds;
     std::printf("memory search: %.1f MB/s (%.1f MB in %.3f s); bare read loop: %.1f MB/s (%.1f MB in %.3f s); "
@@ -163,6 +186,11 @@ void Viewer() {
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
+    const std::wstring only = argc >= 2 ? argv[1] : L"";
+    if (only == L"search" || only == L"viewer") {
+        (only == L"search" ? MemorySearch : Viewer)();
+        return 0;
+    }
     if (argc >= 2) ImageStrings(argv[1]);
     MemorySearch();
     Viewer();
