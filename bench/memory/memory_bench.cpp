@@ -5,7 +5,8 @@
 //     below 4 GB, with a plain find text that matches nothing, against a bare loop of ReadProcessMemory over the
 //     same committed private regions in the same chunks; MB/s of both.
 //  3. Memory viewer: from creating dialog 261 for a child process (address list, first address) to the
-//     dump of a second address, and to its symbol fields, medians of 10.
+//     shown and painted dump of a second address (64 KiB), to its symbol fields and to its whole dump in the
+//     field, medians of 10.
 #include <windows.h>
 #include <commctrl.h>
 #include <shlwapi.h>
@@ -137,8 +138,7 @@ void Viewer() {
     INITCOMMONCONTROLSEX controls = {sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&controls);
     lmvx_test::ChildProcess child(L"sleep 600000");
-    std::vector<double> times;
-    std::vector<double> withSymbols;
+    std::vector<double> times, complete, withSymbols;
     for (int run = 0; run < 10; ++run) {
         auto context = std::make_unique<lmvx::MemoryViewerContext>();
         context->processId = child.Pid();
@@ -149,12 +149,26 @@ void Viewer() {
         SendDlgItemMessageW(viewer, IDC_MEM_ADDRESS, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(first));
         SetDlgItemTextW(viewer, IDC_MEM_ADDRESS, first);
         SendMessageW(viewer, WM_COMMAND, IDOK, 0);
+        // Shown and painted: what the user sees first.
+        ShowWindow(viewer, SW_SHOWNOACTIVATE);
+        UpdateWindow(viewer);
         times.push_back(SecondsSince(start) * 1000);
-        // The symbol lookups the viewer posted to itself, the first one's for the start address.
+        // The rest follows on the viewer's timer: the symbol fields, then the rest of the dump.
+        bool symbolSeen = false;
         MSG message;
-        while (PeekMessageW(&message, viewer, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        withSymbols.push_back(SecondsSince(start) * 1000);
-        if (run == 0) std::printf("memory viewer: first dump of %d characters at %ls\n",
+        while (context->symbolPending || context->dumpShown < context->dumpText.size()) {
+            if (!symbolSeen && !context->symbolPending) {
+                symbolSeen = true;
+                withSymbols.push_back(SecondsSince(start) * 1000);
+            }
+            if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+                MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
+                continue;
+            }
+            DispatchMessageW(&message);
+        }
+        complete.push_back(SecondsSince(start) * 1000);
+        if (run == 0) std::printf("memory viewer: dump of %d characters at %ls\n",
                                   GetWindowTextLengthW(GetDlgItem(viewer, IDC_MEM_DUMP)), first);
         DestroyWindow(viewer);
     }
@@ -176,11 +190,15 @@ void Viewer() {
         std::printf("memory viewer: 64 KiB dump text into the edit %.1f ms\n", SecondsSince(start) * 1000);
         DestroyWindow(viewer);
     }
-    std::sort(times.begin(), times.end());
-    std::printf("memory viewer: open to first dump %.1f ms (median of 10; best %.1f, worst %.1f)\n", times[5],
-                times[0], times[9]);
-    std::sort(withSymbols.begin(), withSymbols.end());
-    std::printf("memory viewer: with the symbol fields filled %.1f ms (median of 10)\n", withSymbols[5]);
+    auto median = [](std::vector<double>& values) {
+        std::sort(values.begin(), values.end());
+        return values[values.size() / 2];
+    };
+    const double firstDump = median(times);
+    std::printf("memory viewer: open to first dump shown %.1f ms (median of 10; best %.1f, worst %.1f)\n",
+                firstDump, times.front(), times.back());
+    std::printf("memory viewer: symbol fields filled %.1f ms, whole dump in the field %.1f ms (medians of 10)\n",
+                median(withSymbols), median(complete));
 }
 
 }  // namespace
