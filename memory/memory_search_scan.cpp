@@ -10,6 +10,7 @@ namespace lmvx {
 namespace {
 
 constexpr uint64_t kRegionSizeLimit = 0xFFFFFFFE;
+constexpr ULONGLONG kPumpInterval = 10;  // milliseconds
 
 uint64_t RegionBase(const MEMORY_BASIC_INFORMATION& region) { return reinterpret_cast<uintptr_t>(region.BaseAddress); }
 
@@ -45,18 +46,36 @@ bool SearchProcessMemory(HANDLE process, MemorySearchState& state, const MemoryS
     std::unique_ptr<uint8_t[]> chunk(new (std::nothrow) uint8_t[kSearchChunkLength]);
     if (!chunk) return false;
     uint32_t a = 0;
+    // The end of the committed private region the last chunk was read from. The next chunk of that region
+    // needs no query of its own: the query would only repeat what the last one said, and a query costs as
+    // much as reading the chunk. A failed read forgets it, so that the next step asks again.
+    uint64_t readableEnd = 0;
+    ULONGLONG lastPump = 0;
     for (;;) {
-        MEMORY_BASIC_INFORMATION region;
-        if (!UsableRegion(process, a, region)) {
-            if (!UsableRegion(process, a + 1, region)) break;
-            ++a;
+        MEMORY_BASIC_INFORMATION region{};
+        bool committedPrivate = true;
+        uint64_t regionEnd = readableEnd;
+        if (a >= readableEnd) {
+            if (!UsableRegion(process, a, region)) {
+                if (!UsableRegion(process, a + 1, region)) break;
+                ++a;
+            }
+            committedPrivate = IsCommittedPrivate(region);
+            regionEnd = RegionBase(region) + region.RegionSize;
         }
-        if (callbacks.pump) callbacks.pump(callbacks.context);
+        // Looking at the queue is a round trip to the window system as well, so the windows get their
+        // messages every few milliseconds (and on the first step), not for every chunk; cancel is read
+        // at every step.
+        const ULONGLONG now = GetTickCount64();
+        if (callbacks.pump && (lastPump == 0 || now - lastPump >= kPumpInterval)) {
+            callbacks.pump(callbacks.context);
+            lastPump = now;
+        }
         if (state.cancel) break;
         state.currentAddress = a;
         uint64_t next;
-        if (IsCommittedPrivate(region)) {
-            const uint64_t left = RegionBase(region) + region.RegionSize - a;
+        if (committedPrivate) {
+            const uint64_t left = regionEnd - a;
             const SIZE_T length = static_cast<SIZE_T>(left < kSearchChunkLength ? left : kSearchChunkLength);
             SIZE_T read = 0;
             if (ReadProcessMemory(process, reinterpret_cast<const void*>(static_cast<uintptr_t>(a)), chunk.get(),
@@ -64,13 +83,15 @@ bool SearchProcessMemory(HANDLE process, MemorySearchState& state, const MemoryS
                 state.bytesRead += static_cast<uint32_t>(read);
                 ChunkResults results{&callbacks, a};
                 ScanMemoryChunk(chunk.get(), read, {ReportString, &results});
+                readableEnd = regionEnd;
             } else {
                 read = length;
+                readableEnd = 0;
             }
             // The byte after each chunk is never examined: intended.
             next = static_cast<uint64_t>(a) + read + 1;
         } else {
-            next = RegionBase(region) + region.RegionSize;
+            next = regionEnd;
         }
         // 32-bit addresses: the walk ends where they would wrap around.
         if (next > 0xFFFFFFFFu || next <= a) break;

@@ -15,7 +15,8 @@ constexpr uint32_t kSearchChunkLength = 40960;
 struct MemorySearchCallbacks {
     // A kept string at its 32-bit address (zero-terminated text); the callee matches it against its pattern.
     void (*found)(void* context, uint32_t address, const wchar_t* text) = nullptr;
-    // Called once per region step, before the cancel flag is read (the dialog dispatches its messages).
+    // Called at the first region step and then at most every 10 ms, before the cancel flag is read (the
+    // dialog dispatches its messages).
     void (*pump)(void* context) = nullptr;
     void* context = nullptr;
 };

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <new>
+#include <string>
 #include <vector>
 
 #include "common/dialog_thread.h"
@@ -23,7 +24,6 @@ namespace {
 constexpr uint32_t kInitialAddress = 0x400000;
 constexpr uint64_t kViewerDumpLimit = 0x10000;
 constexpr COLORREF kLinkColour = RGB(0, 0, 204);
-constexpr UINT kLookUpSymbolMessage = WM_APP + 1;  // wParam: the address shown
 
 MemoryViewerContext* ViewerContext(HWND dialog) {
     return reinterpret_cast<MemoryViewerContext*>(GetWindowLongPtrW(dialog, GWLP_USERDATA));
@@ -42,6 +42,71 @@ void ShowRegion(HWND dialog, const MEMORY_BASIC_INFORMATION& region) {
     SetText(dialog, IDC_MEM_PROTECT, RegionProtectText(region.State, region.Protect, undefined));
 }
 
+// A symbol session loads the process's module list and takes far longer than the region and the dump.
+void ShowSymbol(HWND dialog, uint32_t address) {
+    MemoryViewerContext* context = ViewerContext(dialog);
+    UniqueHandle process = OpenProcessMemory(context->processId);
+    if (!process) return;
+    const SymbolTexts symbol = LookUpSymbol(process.Get(), address, UIL_LangModule.GetLangString(IDS_UNKNOWN));
+    SetText(dialog, IDC_MEM_SYMBOL, symbol.symbol);
+    SetText(dialog, IDC_MEM_SOURCE, symbol.source);
+}
+
+// What follows an address on the viewer's timer: its symbol, then the rest of its dump. A timer fires only
+// when the window has no input and nothing to paint, so the region and the first lines of the dump show at
+// once. The edit control measures every line it takes, which for a whole 64 KiB dump (4096 lines) takes
+// the better part of a second under Wine; in pieces the window stays responsive meanwhile.
+constexpr UINT_PTR kFollowUpTimer = 1;
+constexpr size_t kDumpLineLength = 61;
+constexpr size_t kFirstDumpLines = 64;    // a few screens
+constexpr size_t kDumpPieceLines = 256;   // per timer tick
+
+// Puts text[from, to) into the dump field: the whole field when from is 0, else appended at its end,
+// keeping the user's selection and scroll position.
+void PutDumpText(HWND dialog, std::string& text, size_t from, size_t to) {
+    HWND edit = GetDlgItem(dialog, IDC_MEM_DUMP);
+    // The piece is cut out in place; text[to] is the string's own terminator at its end.
+    const char kept = text[to];
+    text[to] = '\0';
+    if (from == 0) {
+        SetWindowTextA(edit, text.data());
+    } else {
+        DWORD selectionStart = 0, selectionEnd = 0;
+        SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&selectionStart), reinterpret_cast<LPARAM>(&selectionEnd));
+        const LRESULT firstLine = SendMessageW(edit, EM_GETFIRSTVISIBLELINE, 0, 0);
+        SendMessageW(edit, WM_SETREDRAW, FALSE, 0);
+        const int end = GetWindowTextLengthW(edit);
+        SendMessageW(edit, EM_SETSEL, end, end);
+        SendMessageA(edit, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.data() + from));
+        SendMessageW(edit, EM_SETSEL, selectionStart, selectionEnd);
+        SendMessageW(edit, EM_LINESCROLL, 0, firstLine - SendMessageW(edit, EM_GETFIRSTVISIBLELINE, 0, 0));
+        SendMessageW(edit, WM_SETREDRAW, TRUE, 0);
+        RedrawWindow(edit, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    }
+    text[to] = kept;
+}
+
+void SetDump(HWND dialog, std::string text) {
+    MemoryViewerContext* context = ViewerContext(dialog);
+    context->dumpText = std::move(text);
+    context->dumpShown = std::min(context->dumpText.size(), kFirstDumpLines * kDumpLineLength);
+    PutDumpText(dialog, context->dumpText, 0, context->dumpShown);
+}
+
+void OnFollowUpTimer(HWND dialog) {
+    MemoryViewerContext* context = ViewerContext(dialog);
+    if (context->symbolPending) {
+        context->symbolPending = false;
+        ShowSymbol(dialog, context->shownAddress);
+    } else if (context->dumpShown < context->dumpText.size()) {
+        const size_t to = std::min(context->dumpText.size(), context->dumpShown + kDumpPieceLines * kDumpLineLength);
+        PutDumpText(dialog, context->dumpText, context->dumpShown, to);
+        context->dumpShown = to;
+    } else {
+        KillTimer(dialog, kFollowUpTimer);
+    }
+}
+
 // Dumps from the address to the end of its region, at most 64 KiB; an unreadable range empties the dump.
 void ShowDump(HWND dialog, HANDLE process, uint32_t address, const MEMORY_BASIC_INFORMATION& region) {
     const uint64_t regionEnd = reinterpret_cast<uintptr_t>(region.BaseAddress) + region.RegionSize;
@@ -53,23 +118,14 @@ void ShowDump(HWND dialog, HANDLE process, uint32_t address, const MEMORY_BASIC_
                                           bytes.get(), length, &read)) {
         read = 0;
     }
-    const size_t textSize = HexDumpBufferSize(read);
-    std::unique_ptr<char[]> text(new (std::nothrow) char[textSize]);
-    if (!text) return;
-    FormatHexDump(bytes.get(), read, text.get(), textSize, address);
-    SetDlgItemTextA(dialog, IDC_MEM_DUMP, text.get());
-}
-
-// Symbols come after the dump: a symbol session loads the process's module list and takes far longer
-// than the region and the dump, which thus show at once.
-void ShowSymbol(HWND dialog, uint32_t address) {
-    MemoryViewerContext* context = ViewerContext(dialog);
-    if (address != context->shownAddress) return;  // a later address is on its way
-    UniqueHandle process = OpenProcessMemory(context->processId);
-    if (!process) return;
-    const SymbolTexts symbol = LookUpSymbol(process.Get(), address, UIL_LangModule.GetLangString(IDS_UNKNOWN));
-    SetText(dialog, IDC_MEM_SYMBOL, symbol.symbol);
-    SetText(dialog, IDC_MEM_SOURCE, symbol.source);
+    std::string text;
+    try {
+        text.resize(HexDumpBufferSize(read));
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+    text.resize(FormatHexDump(bytes.get(), read, text.data(), text.size(), address));
+    SetDump(dialog, std::move(text));
 }
 
 void ShowAddress(HWND dialog, uint32_t address) {
@@ -79,10 +135,11 @@ void ShowAddress(HWND dialog, uint32_t address) {
     MEMORY_BASIC_INFORMATION region{};
     const bool queried = QueryRegion(process.Get(), address, region);
     context->shownAddress = address;
-    PostMessageW(dialog, kLookUpSymbolMessage, address, 0);
+    context->symbolPending = true;
+    SetTimer(dialog, kFollowUpTimer, USER_TIMER_MINIMUM, nullptr);
     SetText(dialog, IDC_MEM_ADDRESS, Hex32Text(address));
     if (!queried) {
-        SetDlgItemTextA(dialog, IDC_MEM_DUMP, "");
+        SetDump(dialog, {});
         return;
     }
     ShowRegion(dialog, region);
@@ -187,7 +244,9 @@ INT_PTR CALLBACK MemoryViewerProc(HWND dialog, UINT message, WPARAM wParam, LPAR
     case WM_COMMAND: OnCommand(dialog, LOWORD(wParam), HIWORD(wParam)); return TRUE;
     case WM_CTLCOLORSTATIC: return OnCtlColorStatic(dialog, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     case WM_SETCURSOR: return OnSetCursor(dialog, reinterpret_cast<HWND>(wParam));
-    case kLookUpSymbolMessage: ShowSymbol(dialog, static_cast<uint32_t>(wParam)); return TRUE;
+    case WM_TIMER:
+        if (wParam == kFollowUpTimer) OnFollowUpTimer(dialog);
+        return TRUE;
     case WM_DESTROY: OnDestroy(dialog); return FALSE;
     }
     return FALSE;

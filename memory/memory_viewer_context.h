@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <string>
 
 #include "common/unique_resource.h"
 
@@ -25,7 +26,10 @@ struct MemoryViewerContext {
     HWND dialog = nullptr;
     HWND search = nullptr;  // the open search dialog of this viewer
     unsigned processId = 0;
-    uint32_t shownAddress = 0;  // the address whose symbol is still to be looked up
+    uint32_t shownAddress = 0;
+    bool symbolPending = false;  // the symbol of shownAddress is still to be looked up
+    std::string dumpText;        // the dump of shownAddress ...
+    size_t dumpShown = 0;        // ... of which the dump field holds this many characters so far
     MemorySearchState searchState;
     UniqueFont dumpFont;
     UniqueFont addressFont;

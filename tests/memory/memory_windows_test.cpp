@@ -1,17 +1,25 @@
-// The memory viewer, the Virtual Memory page and the Strings page as real dialogs with the program's
-// resources, on a child process that holds known strings.
+// The memory viewer, its search and the search's progress dialog reached from the real main window's
+// menu command, the viewer alone, the Virtual Memory page and the Strings page, all as real dialogs with the
+// program's resources, on a child process that holds known strings.
 #include <windows.h>
 #include <commctrl.h>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "finch.h"
+#include "held_handles.h"
+#include "main_window_host.h"
+#include "memory/hex_dump.h"
 #include "memory/image_string_scan.h"
 #include "memory/memory_viewer.h"
 #include "memory/memory_viewer_context.h"
+#include "memory/process_memory.h"
 #include "memory/region_text.h"
 #include "memory/string_set.h"
 #include "memory/strings_page.h"
@@ -24,14 +32,16 @@
 
 namespace {
 
+using lmvx_test::PollUntil;
+using lmvx_test::PumpUntil;
+using lmvx_test::WindowText;
+
+constexpr DWORD kLimitMs = 30000;
+
 class MemoryWindows : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        wren::SetAppInfo(L"Lumivex Memory Test", L"LumivexMemoryTest", L"1.0", 1000, L"test");
-        UIL_LangModule.Init(GetModuleHandleW(nullptr), L"LumivexMemoryTest", L"test", UIL_LANGMODULE::English);
-        INITCOMMONCONTROLSEX controls = {sizeof(controls), ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
-        InitCommonControlsEx(&controls);
-    }
+    static void SetUpTestSuite() { program_ = new lmvx_test::ScopedHostedProgram(L"LumivexMemoryTest"); }
+    static void TearDownTestSuite() { delete program_; }
     void SetUp() override { ASSERT_TRUE(child.Ready()); }
 
     static std::wstring Text(HWND dialog, int id) {
@@ -49,9 +59,25 @@ protected:
         swprintf(text, 32, L"%llX", static_cast<unsigned long long>(value));
         return text;
     }
+    // The hex dump of the child's bytes, as the viewer shows them.
+    std::wstring ExpectedDump(uint64_t address, size_t length) {
+        std::vector<uint8_t> bytes(length);
+        SIZE_T read = 0;
+        lmvx::UniqueHandle process = lmvx::OpenProcessMemory(child.Pid());
+        if (!ReadProcessMemory(process.Get(), reinterpret_cast<const void*>(address), bytes.data(), length, &read)) return {};
+        std::string text(lmvx::HexDumpBufferSize(length), '\0');
+        text.resize(lmvx::FormatHexDump(bytes.data(), length, text.data(), text.size(), static_cast<uint32_t>(address)));
+        return {text.begin(), text.end()};
+    }
 
+    static lmvx_test::ScopedHostedProgram* program_;
     memory_test::MemoryChild child;
 };
+lmvx_test::ScopedHostedProgram* MemoryWindows::program_ = nullptr;
+
+bool FollowUpsDone(const lmvx::MemoryViewerContext& context) {
+    return !context.symbolPending && context.dumpShown == context.dumpText.size();
+}
 
 TEST_F(MemoryWindows, ViewerDumpsTheBytesAtAnAddressAndDescribesItsRegion) {
     lmvx::MemoryViewerContext context;
@@ -60,21 +86,36 @@ TEST_F(MemoryWindows, ViewerDumpsTheBytesAtAnAddressAndDescribesItsRegion) {
                                                              reinterpret_cast<LPARAM>(&context)));
     ASSERT_TRUE(viewer);
     HWND dialog = viewer.Get();
+    HWND dump = GetDlgItem(dialog, IDC_MEM_DUMP);
     EXPECT_EQ(Text(dialog, IDC_MEM_ADDRESS), L"0x00400000");
     Read(dialog, L"0x" + Hex(child.Ascii()) + L"  [Private: 65536 Bytes]");
-    const unsigned low = static_cast<unsigned>(child.Ascii());
-    const std::wstring dump = Text(dialog, IDC_MEM_DUMP);
-    wchar_t firstLine[80];
-    swprintf(firstLine, 80, L"%.8X 4C756D6976657841 736369694D61726B LumivexAsciiMark\r\n", low);
-    EXPECT_EQ(dump.substr(0, 61), firstLine);
-    EXPECT_EQ(dump.size(), (0x10000u - 0x100) / 16 * 61);
+    const std::wstring expected = ExpectedDump(child.Ascii(), 0x10000 - 0x100);
+    ASSERT_EQ(expected.size(), (0x10000u - 0x100) / 16 * 61);
+    // The first lines show at once, the rest follows on the viewer's timer; what the user selects and
+    // where the user scrolls meanwhile stays.
+    EXPECT_EQ(Text(dialog, IDC_MEM_DUMP).substr(0, 61), expected.substr(0, 61));
+    SendMessageW(dump, EM_SETSEL, 70, 80);
+    SendMessageW(dump, EM_LINESCROLL, 0, 5);
+    const LRESULT firstVisible = SendMessageW(dump, EM_GETFIRSTVISIBLELINE, 0, 0);
+    ASSERT_TRUE(PumpUntil([&] { return FollowUpsDone(context); }, kLimitMs));
+    EXPECT_EQ(Text(dialog, IDC_MEM_DUMP), expected);
+    DWORD selectionStart = 0, selectionEnd = 0;
+    SendMessageW(dump, EM_GETSEL, reinterpret_cast<WPARAM>(&selectionStart), reinterpret_cast<LPARAM>(&selectionEnd));
+    EXPECT_EQ(std::make_pair(selectionStart, selectionEnd), std::make_pair(DWORD{70}, DWORD{80}));
+    EXPECT_GT(firstVisible, 0);
+    EXPECT_EQ(SendMessageW(dump, EM_GETFIRSTVISIBLELINE, 0, 0), firstVisible);
+    EXPECT_EQ(Text(dialog, IDC_MEM_SYMBOL), L"Unknown");
     EXPECT_EQ(Text(dialog, IDC_MEM_STATE), L"MEM_COMMIT");
     EXPECT_EQ(Text(dialog, IDC_MEM_TYPE), L"MEM_PRIVATE");
     EXPECT_EQ(Text(dialog, IDC_MEM_PROTECT), L"PAGE_READWRITE");
     EXPECT_EQ(Text(dialog, IDC_MEM_BASE_ADDRESS), lmvx::Hex32Text(child.Committed()));
 
-    // A reserved region: no bytes, the region's own fields; the allocation base link reads it back.
+    // A reserved region read before the last dump is complete: nothing of the last dump follows (Windows
+    // reads nothing there, Wine zeros); the region's own fields; the allocation base link reads it back.
+    Read(dialog, Hex(child.Ascii()));
     Read(dialog, Hex(child.Reserved() + 0x20));
+    ASSERT_TRUE(PumpUntil([&] { return FollowUpsDone(context); }, kLimitMs));
+    EXPECT_EQ(Text(dialog, IDC_MEM_DUMP), ExpectedDump(child.Reserved() + 0x20, 0x10000 - 0x20));
     EXPECT_EQ(Text(dialog, IDC_MEM_STATE), L"MEM_RESERVE");
     SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_MEM_ALLOCATION_BASE, STN_CLICKED), 0);
     EXPECT_EQ(Text(dialog, IDC_MEM_ADDRESS), lmvx::Hex32Text(child.Reserved()));
@@ -85,6 +126,154 @@ TEST_F(MemoryWindows, ViewerDumpsTheBytesAtAnAddressAndDescribesItsRegion) {
     EXPECT_EQ(Text(dialog, IDC_MEM_STATE), L"MEM_FREE");
     EXPECT_EQ(Text(dialog, IDC_MEM_TYPE), L"Undefined");
     EXPECT_EQ(Text(dialog, IDC_MEM_PROTECT), L"Undefined");
+}
+
+// Holds the thread that runs a memory search in the scan's first message dispatch until released, so that
+// the progress dialog can be looked at (and cancelled) while the scan waits.
+class ScanHold {
+public:
+    explicit ScanHold(DWORD thread) : thread_(thread), hook_(SetWindowsHookExW(WH_GETMESSAGE, Hook, nullptr, thread)) {}
+    ~ScanHold() {
+        Release();
+        if (hook_) UnhookWindowsHookEx(hook_);
+    }
+    // Posted right after the search command, so that the scan's first dispatch takes it.
+    void Arm() {
+        ResetEvent(release_);
+        PostThreadMessageW(thread_, kHoldMessage, 0, 0);
+    }
+    void Release() { SetEvent(release_); }
+
+private:
+    static constexpr UINT kHoldMessage = WM_APP + 77;
+    static LRESULT CALLBACK Hook(int code, WPARAM removal, LPARAM lParam) {
+        const auto* message = reinterpret_cast<const MSG*>(lParam);
+        if (code == HC_ACTION && removal == PM_REMOVE && !message->hwnd && message->message == kHoldMessage) {
+            // What other threads send meanwhile (the progress dialog disabling its owner) is answered.
+            while (MsgWaitForMultipleObjects(1, &release_, FALSE, INFINITE, QS_SENDMESSAGE) == WAIT_OBJECT_0 + 1) {
+                MSG sent;
+                PeekMessageW(&sent, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+            }
+        }
+        return CallNextHookEx(nullptr, code, removal, lParam);
+    }
+    static inline HANDLE release_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    DWORD thread_;
+    HHOOK hook_;
+};
+
+// Types the find text and starts the search, looks at the progress dialog while the scan is held (and
+// presses its Cancel when asked), then waits until the progress dialog has closed after the scan.
+void RunSearch(HWND search, ScanHold& hold, const wchar_t* findText, bool cancel) {
+    SetDlgItemTextW(search, IDC_SEARCH_TEXT, findText);
+    PostMessageW(search, WM_COMMAND, MAKEWPARAM(IDC_MEM_SEARCH, BN_CLICKED), 0);
+    hold.Arm();
+    HWND progress = nullptr;
+    EXPECT_TRUE(PollUntil([&] { return (progress = lmvx_test::FindOwnWindow(L"Search Process Memory")) != nullptr; }));
+    if (progress) {
+        EXPECT_TRUE(PollUntil([&] {
+            const std::wstring label = WindowText(GetDlgItem(progress, IDC_SEARCH_PROGRESS_TEXT));
+            return label.size() == 26 && label.starts_with(L"Reading Address 0x");
+        }));
+        if (cancel) {
+            PostMessageW(progress, WM_COMMAND, IDCANCEL, 0);
+            EXPECT_TRUE(PollUntil([&] { return !IsWindowEnabled(GetDlgItem(progress, IDCANCEL)); }));
+        }
+    }
+    hold.Release();
+    if (progress) {
+        EXPECT_TRUE(PollUntil([&] { return !IsWindow(progress); }, kLimitMs));
+    }
+}
+
+std::vector<std::pair<std::wstring, std::wstring>> ResultRows(HWND list) {
+    std::vector<std::pair<std::wstring, std::wstring>> rows;
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        wchar_t address[64] = {}, text[256] = {};
+        ListView_GetItemText(list, row, 0, address, 64);
+        ListView_GetItemText(list, row, 1, text, 256);
+        rows.emplace_back(address, text);
+    }
+    return rows;
+}
+
+TEST_F(MemoryWindows, MenuCommandOpensTheViewerWhoseSearchListsOpensAndCancels) {
+    lmvx_test::HostedMainWindow main;
+    ASSERT_TRUE(main.SelectProcess(child.Pid(), kLimitMs));
+
+    using Row = std::pair<std::wstring, std::wstring>;
+    const Row ascii{lmvx::Hex32Text(child.Ascii()), L"LumivexAsciiMarker"};
+    const Row wide{lmvx::Hex32Text(child.Wide()), L"LumivexWideMarker"};
+    enum class Open { Button, Enter, DoubleClick };
+    struct Case {
+        const wchar_t* findText;
+        std::vector<Row> rows;  // top first
+        Open open;
+        int select;  // the row selected before opening; -1: none
+        std::wstring shown;  // the viewer's address afterwards
+    };
+    const Case cases[] = {
+        {L"marker", {wide, ascii}, Open::Button, 1, ascii.first},  // later results go on top
+        {L"WIDEMARKER", {wide}, Open::DoubleClick, 0, wide.first},
+        {L"sciimark", {ascii}, Open::Enter, -1, ascii.first},  // without a selection the first row
+        {L"no string holds this", {}, Open::Button, -1, ascii.first},  // nothing to open
+    };
+    const std::wstring pid = std::to_wstring(child.Pid());
+    const std::wstring searchCaption = L"Search Memory (Process " + pid + L")";
+    HWND viewer = nullptr;
+    HWND search = nullptr;
+    std::atomic<bool> done{false};
+    std::thread watcher([&] {
+        PollUntil([&] { return (viewer = lmvx_test::FindOwnWindow(L"Process Memory Viewer (Process " + pid + L")")); });
+        if (viewer) {
+            EXPECT_EQ(WindowText(GetDlgItem(viewer, IDC_MEM_ADDRESS)), L"0x00400000");
+            PostMessageW(viewer, WM_COMMAND, IDC_MEM_SEARCH, 0);
+            PollUntil([&] { return (search = lmvx_test::FindOwnWindow(searchCaption)); });
+        }
+        if (search) {
+            // "Search..." again raises the open search dialog instead of opening a second one.
+            DWORD_PTR ignored = 0;
+            EXPECT_TRUE(SendMessageTimeoutW(viewer, WM_COMMAND, IDC_MEM_SEARCH, 0, SMTO_NORMAL, kLimitMs, &ignored));
+            EXPECT_EQ(lmvx_test::FindOwnWindow(searchCaption, search), nullptr);
+            HWND list = GetDlgItem(search, IDC_SEARCH_RESULTS);
+            ScanHold hold(GetWindowThreadProcessId(search, nullptr));
+            for (const Case& test : cases) {
+                RunSearch(search, hold, test.findText, false);
+                EXPECT_EQ(ResultRows(list), test.rows) << test.findText;
+                if (test.select >= 0) {
+                    ListView_SetSelectionMark(list, test.select);
+                    ListView_SetItemState(list, test.select, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+                }
+                RECT row{LVIR_BOUNDS};
+                switch (test.open) {
+                case Open::Button: SendMessageW(search, WM_COMMAND, IDC_SEARCH_OPEN_ADDRESS, 0); break;
+                case Open::Enter: SendMessageW(search, WM_COMMAND, IDOK, 0); break;
+                case Open::DoubleClick:
+                    SendMessageW(list, LVM_GETITEMRECT, test.select, reinterpret_cast<LPARAM>(&row));
+                    SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM((row.left + row.right) / 2, (row.top + row.bottom) / 2));
+                    break;
+                }
+                EXPECT_EQ(WindowText(GetDlgItem(viewer, IDC_MEM_ADDRESS)), test.shown) << test.findText;
+            }
+            // Cancel before the first chunk: an empty find text would have listed every string.
+            RunSearch(search, hold, L"", true);
+            EXPECT_EQ(ListView_GetItemCount(list), 0);
+        }
+        // Closing the viewer closes its search dialog first.
+        if (viewer) PostMessageW(viewer, WM_COMMAND, IDCANCEL, 0);
+        if (!PollUntil([&] { return !IsWindow(viewer) && !IsWindow(search); }, kLimitMs)) {
+            ADD_FAILURE() << "the viewer or its search dialog stayed open";
+            if (search) PostMessageW(search, WM_COMMAND, IDCANCEL, 0);
+        }
+        done = true;
+    });
+    // The command as a menu choice sends it to the main window, which hands it to the details pane.
+    PostMessageW(main.Get(), WM_COMMAND, IDM_MEMORY_VIEWER, 0);
+    const bool finished = PumpUntil([&] { return done.load(); }, 10 * kLimitMs);
+    watcher.join();
+    ASSERT_TRUE(finished);
+    EXPECT_TRUE(viewer);
+    EXPECT_TRUE(search);
 }
 
 class PropertyPages : public MemoryWindows {
