@@ -50,32 +50,24 @@ protected:
     HGDIOBJ previous_ = nullptr;
 };
 
-TEST_F(ButtonCanvas, AOnePixelShadowFrameSurroundsTheFace) {
-    const DRAWITEMSTRUCT item = Item(ODT_BUTTON, 0);
-    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &item));
+// A one-pixel shadow frame around a face that focus lightens and pushing highlights; other item types
+// are left alone.
+TEST_F(ButtonCanvas, FrameAndFaceByStateAndNothingForOtherItemTypes) {
+    const DRAWITEMSTRUCT other = Item(ODT_STATIC, 0);
+    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &other));
+    EXPECT_EQ(Shown(kMarker), Pixel(0, 0));
+    EXPECT_EQ(Shown(kMarker), Pixel(60, 20));
+    const DRAWITEMSTRUCT plain = Item(ODT_BUTTON, 0);
+    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &plain));
     EXPECT_EQ(Shown(GetSysColor(COLOR_BTNSHADOW)), Pixel(0, 0));
     EXPECT_EQ(Shown(GetSysColor(COLOR_BTNSHADOW)), Pixel(119, 39));
     EXPECT_EQ(Shown(GetSysColor(COLOR_BTNFACE)), Pixel(2, 2));
-}
-
-TEST_F(ButtonCanvas, FocusLightensTheFace) {
-    const DRAWITEMSTRUCT item = Item(ODT_BUTTON, ODS_FOCUS);
-    lmvx::DrawOwnerButton(nullptr, &item);
+    const DRAWITEMSTRUCT focused = Item(ODT_BUTTON, ODS_FOCUS);
+    lmvx::DrawOwnerButton(nullptr, &focused);
     EXPECT_EQ(Shown(lmvx::LightFaceColor(GetSysColor(COLOR_BTNFACE))), Pixel(2, 2));
-}
-
-TEST_F(ButtonCanvas, AFocusedPushedButtonIsPaintedPressed) {
     SendMessageW(button_, BM_SETSTATE, TRUE, 0);
-    const DRAWITEMSTRUCT item = Item(ODT_BUTTON, ODS_FOCUS);
-    lmvx::DrawOwnerButton(nullptr, &item);
-    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNHIGHLIGHT)), Pixel(2, 2));
-}
-
-TEST_F(ButtonCanvas, OtherItemTypesAreLeftAlone) {
-    const DRAWITEMSTRUCT item = Item(ODT_STATIC, 0);
-    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &item));
-    EXPECT_EQ(Shown(kMarker), Pixel(0, 0));
-    EXPECT_EQ(Shown(kMarker), Pixel(60, 20));
+    lmvx::DrawOwnerButton(nullptr, &focused);
+    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNHIGHLIGHT)), Pixel(2, 2)) << "a focused pushed button is painted pressed";
 }
 
 }  // namespace

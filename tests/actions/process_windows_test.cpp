@@ -63,7 +63,7 @@ TEST_F(ProcessWindows, AWindowWithoutTitleDoesNotCountAndTheMenuSaysSo) {
     EXPECT_EQ(1u, closeMenu.Finish().size());
 }
 
-TEST_F(ProcessWindows, OneTitledWindowIsRestoredAndRaisedWithoutAMenu) {
+TEST_F(ProcessWindows, OneTitledWindowIsRestoredRaisedAndAskedToCloseWithoutAMenu) {
     WindowChild child({L"Lumivex one window"}, true);
     const HWND window = child.WindowTitled(L"Lumivex one window");
     ASSERT_NE(nullptr, window);
@@ -73,15 +73,9 @@ TEST_F(ProcessWindows, OneTitledWindowIsRestoredAndRaisedWithoutAMenu) {
 
     MenuAnswerer menu(L"");
     EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 0, 0, owner_.Get()));
-    EXPECT_FALSE(menu.MenuWasShown());
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsIconic(window); }, kWaitMs));
     EXPECT_TRUE(IsAbove(window, owner_.Get()));
-}
-
-TEST_F(ProcessWindows, OneTitledWindowIsAskedToCloseWithoutAMenu) {
-    WindowChild child({L"Lumivex closing window"});
     PutOwnerOnTop();
-    MenuAnswerer menu(L"");
     EXPECT_NE(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
     EXPECT_FALSE(menu.MenuWasShown());
     EXPECT_EQ(1, child.WaitForExitCode(20000)) << "the child counts the close requests it received";
@@ -99,51 +93,40 @@ TEST_F(ProcessWindows, TheTopmostWindowIsNeverConsidered) {
     EXPECT_EQ(0, lmvx::CountProcessWindows(child.Pid()));
 }
 
-TEST_F(ProcessWindows, TwoWindowsAreOfferedInZOrderAndTheChosenOneIsClosed) {
+// Two windows are offered in z-order; no choice does nothing, the chosen one is raised or closed.
+TEST_F(ProcessWindows, OfTwoWindowsOnlyTheChosenOneIsRaisedOrClosed) {
     WindowChild child({L"Lumivex window A", L"Lumivex window B"});
     const HWND first = child.WindowTitled(L"Lumivex window A");
     const HWND second = child.WindowTitled(L"Lumivex window B");
     ASSERT_NE(nullptr, first);
     ASSERT_NE(nullptr, second);
+    SetWindowPos(first, second, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(second, first); }, kWaitMs));
     PutOwnerOnTop();
     EXPECT_EQ(2, lmvx::CountProcessWindows(child.Pid()));
-
-    MenuAnswerer menu(L"Lumivex window A");
+    {
+        MenuAnswerer menu(L"");
+        EXPECT_EQ(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
+        const std::vector<SeenMenuItem> items = menu.Finish();
+        ASSERT_EQ(2u, items.size());
+        EXPECT_EQ(L"Lumivex window B", items[0].text);
+        EXPECT_EQ(L"Lumivex window A", items[1].text);
+        EXPECT_FALSE(items[0].grayed);
+        EXPECT_EQ(2u, actions_test::VisibleWindowsOf(child.Pid()).size());
+    }
+    {
+        MenuAnswerer menu(L"Lumivex window A");
+        EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 50, 50, owner_.Get()));
+        EXPECT_TRUE(menu.MenuWasShown());
+        EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(first, second); }, kWaitMs));
+    }
+    PutOwnerOnTop();
+    MenuAnswerer menu(L"Lumivex window B");
     EXPECT_NE(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
-    const std::vector<SeenMenuItem> items = menu.Finish();
-    ASSERT_EQ(2u, items.size());
-    const bool firstAbove = IsAbove(first, second);
-    EXPECT_EQ(firstAbove ? L"Lumivex window A" : L"Lumivex window B", items[0].text);
-    EXPECT_EQ(firstAbove ? L"Lumivex window B" : L"Lumivex window A", items[1].text);
-    EXPECT_FALSE(items[0].grayed);
-    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(first); }, kWaitMs));
-    EXPECT_TRUE(IsWindow(second));
+    EXPECT_TRUE(menu.MenuWasShown());
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(second); }, kWaitMs));
+    EXPECT_TRUE(IsWindow(first));
     EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
-}
-
-TEST_F(ProcessWindows, TheChosenOfTwoWindowsIsBroughtToFront) {
-    WindowChild child({L"Lumivex window C", L"Lumivex window D"});
-    const HWND lower = child.WindowTitled(L"Lumivex window C");
-    const HWND upper = child.WindowTitled(L"Lumivex window D");
-    ASSERT_NE(nullptr, lower);
-    ASSERT_NE(nullptr, upper);
-    SetWindowPos(lower, upper, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(upper, lower); }, kWaitMs));
-    PutOwnerOnTop();
-
-    MenuAnswerer menu(L"Lumivex window C");
-    EXPECT_EQ(1, lmvx::BringProcessWindowToFront(child.Pid(), 50, 50, owner_.Get()));
-    EXPECT_TRUE(menu.MenuWasShown());
-    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsAbove(lower, upper); }, kWaitMs));
-}
-
-TEST_F(ProcessWindows, NoChoiceRaisesAndClosesNothing) {
-    WindowChild child({L"Lumivex window E", L"Lumivex window F"});
-    PutOwnerOnTop();
-    MenuAnswerer menu(L"");
-    EXPECT_EQ(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
-    EXPECT_TRUE(menu.MenuWasShown());
-    EXPECT_EQ(2u, actions_test::VisibleWindowsOf(child.Pid()).size());
 }
 
 // A thread of this process with one visible titled window; it either answers messages or hangs.

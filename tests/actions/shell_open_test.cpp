@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -53,46 +54,29 @@ private:
     DWORD openingThread_ = 0;
 };
 
-TEST(OpenInShell, AFilePathOpensItsFolder) {
+// A file opens its folder, a folder its parent; the name is cut one character at a time until it exists, and a
+// shortened name that is a file opens whole; a one-character path hands the shell the empty string.
+TEST(OpenInShell, WhichPathReachesTheShell) {
+    const struct {
+        std::vector<std::wstring> files, folders;
+        const wchar_t* path;
+        const wchar_t* opened;
+    } cases[] = {
+        {{L"C:\\Tools\\app.exe"}, {L"C:\\Tools"}, L"C:\\Tools\\app.exe", L"C:\\Tools\\"},
+        {{}, {L"C:\\Windows\\System32", L"C:\\Windows"}, L"C:\\Windows\\System32", L"C:\\Windows\\"},
+        {{L"C:\\Tools\\app.exe", L"C:\\Tools\\app.ex"}, {}, L"C:\\Tools\\app.exe", L"C:\\Tools\\app.ex"},
+        {{}, {L"C:\\Data\\logs"}, L"C:\\Data\\logs2", L"C:\\Data\\"},
+        {{}, {}, L"x", L""},
+    };
+    for (const auto& c : cases) {
+        FakeShell shell;
+        for (const std::wstring& file : c.files) shell.AddFile(file);
+        for (const std::wstring& folder : c.folders) shell.AddFolder(folder);
+        EXPECT_EQ(1, lmvx::OpenInShellWith(c.path, shell.Calls())) << c.path;
+        EXPECT_EQ(c.opened, shell.OpenedPath()) << c.path;
+    }
     FakeShell shell;
-    shell.AddFile(L"C:\\Tools\\app.exe");
-    shell.AddFolder(L"C:\\Tools");
-    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
-    EXPECT_EQ(L"C:\\Tools\\", shell.OpenedPath());
-}
-
-TEST(OpenInShell, AFolderPathOpensItsParent) {
-    FakeShell shell;
-    shell.AddFolder(L"C:\\Windows\\System32");
-    shell.AddFolder(L"C:\\Windows");
-    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Windows\\System32", shell.Calls()));
-    EXPECT_EQ(L"C:\\Windows\\", shell.OpenedPath());
-}
-
-TEST(OpenInShell, AShortenedNameThatExistsIsOpenedWhole) {
-    FakeShell shell;
-    shell.AddFile(L"C:\\Tools\\app.exe");
-    shell.AddFile(L"C:\\Tools\\app.ex");
-    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
-    EXPECT_EQ(L"C:\\Tools\\app.ex", shell.OpenedPath());
-}
-
-TEST(OpenInShell, AShortenedNameThatIsAFolderIsCutToItsParent) {
-    FakeShell shell;
-    shell.AddFolder(L"C:\\Data\\logs");
-    EXPECT_EQ(1, lmvx::OpenInShellWith(L"C:\\Data\\logs2", shell.Calls()));
-    EXPECT_EQ(L"C:\\Data\\", shell.OpenedPath());
-}
-
-TEST(OpenInShell, AOneCharacterPathHandsTheShellTheEmptyString) {
-    FakeShell shell;
-    EXPECT_EQ(1, lmvx::OpenInShellWith(L"x", shell.Calls()));
-    EXPECT_EQ(L"", shell.OpenedPath());
-}
-
-TEST(OpenInShell, AnEmptyPathOpensNothing) {
-    FakeShell shell;
-    EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls()));
+    EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls())) << "an empty path opens nothing";
     EXPECT_EQ(0, lmvx::OpenInShellWith(nullptr, shell.Calls()));
 }
 

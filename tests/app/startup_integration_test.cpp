@@ -1,5 +1,6 @@
-// Runs the real lmvx64.exe under Wine: the build-information switch, a missing component library, and
-// a normal start that opens the main window and saves its placement on close.
+// Runs the real lmvx64.exe under Wine: the build-information switch, a missing component library, a
+// normal start that opens the main window, its about box and limited-access dialog, and saves its placement
+// on close, and starts with a stored placement or language.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,6 +14,9 @@ namespace lmvx::test {
 namespace {
 
 constexpr DWORD kWindowWaitMs = 30000;
+constexpr int kAboutCommand = 141;
+constexpr int kLimitedAccessCommand = 279;
+constexpr int kRequestElevationBox = 7014;
 const std::wstring kMainCaption = L"Orvane Lumivex 5";
 
 std::wstring ProgramPath() { return TestBinFolder() + L"\\lmvx64.exe"; }
@@ -28,11 +32,11 @@ void DismissBox(HWND box) {
     }
 }
 
-class BuildInfoSwitch : public ::testing::TestWithParam<const wchar_t*> {};
-
-TEST_P(BuildInfoSwitch, ShowsTheBuildTextAndExitsWithZero) {
+// Any case at any position of the command line is matched (the switch's own test covers the forms); here the
+// program shows the text and exits.
+TEST(BuildInfoSwitch, ShowsTheBuildTextAndExitsWithZero) {
     ProgramRunner program;
-    ASSERT_TRUE(program.Start(ProgramPath(), GetParam()));
+    ASSERT_TRUE(program.Start(ProgramPath(), L"-first /BuildInfo -last"));
     HWND box = program.WaitForWindowWithCaption(L"Orvane Lumivex", kWindowWaitMs);
     ASSERT_NE(box, nullptr) << "no build information box";
     EXPECT_TRUE(AnyTextContains(box, L"Build Information"));
@@ -41,9 +45,6 @@ TEST_P(BuildInfoSwitch, ShowsTheBuildTextAndExitsWithZero) {
     DismissBox(box);
     EXPECT_EQ(program.WaitForExit(kWindowWaitMs), 0u);
 }
-
-INSTANTIATE_TEST_SUITE_P(AnyCaseAnyPosition, BuildInfoSwitch,
-                         ::testing::Values(L"/BUILDINFO", L"/buildinfo", L"-first /BuildInfo -last"));
 
 namespace fs = std::filesystem;
 
@@ -92,15 +93,21 @@ HWND WaitForMainWindow(const ProgramRunner& program) {
         kWindowWaitMs);
 }
 
-TEST(NormalStart, OpensTheMainWindowAndSavesItsPlacementOnClose) {
+// Waits (bounded) until the window is gone.
+bool WaitUntilClosed(HWND window) {
+    for (int i = 0; i < 200 && IsWindow(window); ++i) Sleep(50);
+    return !IsWindow(window);
+}
+
+TEST(NormalStart, OpensTheMainWindowWithItsDialogsAndSavesItsPlacementOnClose) {
     SeedQuietStart(0x0409);
     DeleteSetting(L"MainWndPlacement");
+    StoreDword(L"RequestElevation", 0);
 
     ProgramRunner program;
     ASSERT_TRUE(program.Start(ProgramPath(), L""));
     HWND main = WaitForMainWindow(program);
     ASSERT_NE(main, nullptr) << "the main window did not open";
-
     RECT rect;
     GetWindowRect(main, &rect);
     EXPECT_EQ(rect.right - rect.left, 656);
@@ -114,9 +121,38 @@ TEST(NormalStart, OpensTheMainWindowAndSavesItsPlacementOnClose) {
     EXPECT_EQ(rows.HeaderText(0), L"Process");
     EXPECT_EQ(rows.HeaderText(2), L"I/O");
 
+    const auto openDialog = [&](int command, const wchar_t* caption) {
+        PostMessageW(main, WM_COMMAND, command, 0);
+        return program.WaitForWindowWithCaption(caption, kWindowWaitMs);
+    };
+    HWND about = openDialog(kAboutCommand, L"About Lumivex");
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(WindowText(GetDlgItem(about, 7002)), L"Orvane Lumivex 5");
+    EXPECT_EQ(WindowText(GetDlgItem(about, 7003)), L"Version 5.0 (Build 8212)");
+    EXPECT_EQ(WindowText(GetDlgItem(about, 7004)).rfind(L"Built ", 0), 0u);
+    PressButton(about, IDOK);
+    EXPECT_TRUE(WaitUntilClosed(about));
+
+    // The limited-access dialog stores the elevation request on OK only.
+    HWND dialog = openDialog(kLimitedAccessCommand, L"Limited Access");
+    ASSERT_NE(dialog, nullptr);
+    HWND box = GetDlgItem(dialog, kRequestElevationBox);
+    EXPECT_EQ(SendMessageW(box, BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    SendMessageW(box, BM_SETCHECK, BST_CHECKED, 0);
+    PressButton(dialog, IDCANCEL);
+    ASSERT_TRUE(WaitUntilClosed(dialog));
+    EXPECT_EQ(ReadDword(L"RequestElevation").value_or(99), 0u) << "Cancel must not store";
+    dialog = openDialog(kLimitedAccessCommand, L"Limited Access");
+    ASSERT_NE(dialog, nullptr);
+    SendMessageW(GetDlgItem(dialog, kRequestElevationBox), BM_SETCHECK, BST_CHECKED, 0);
+    PressButton(dialog, IDOK);
+    for (int i = 0; i < 100 && ReadDword(L"RequestElevation").value_or(0) == 0; ++i) Sleep(50);
+    EXPECT_EQ(ReadDword(L"RequestElevation").value_or(0), 1u);
+
     PostMessageW(main, WM_CLOSE, 0, 0);
     EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
     EXPECT_EQ(ReadBinary(L"MainWndPlacement").size(), 44u);
+    SeedQuietStart(0x0409);
 }
 
 TEST(NormalStart, AMinimisedPlacementComesBackAsANormalVisibleWindow) {
@@ -143,8 +179,8 @@ TEST(NormalStart, AMinimisedPlacementComesBackAsANormalVisibleWindow) {
     EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
 }
 
-TEST(NormalStart, AWrongSizedPlacementIsIgnored) {
-    SeedQuietStart(0x0409);
+TEST(NormalStart, AWrongSizedPlacementIsIgnoredAndTheWindowSpeaksGermanWhenGermanIsChosen) {
+    SeedQuietStart(0x0407);
     BYTE wrong[40] = {};
     StoreBinary(L"MainWndPlacement", wrong, sizeof wrong);
 
@@ -156,16 +192,6 @@ TEST(NormalStart, AWrongSizedPlacementIsIgnored) {
     GetWindowRect(main, &rect);
     EXPECT_EQ(rect.right - rect.left, 656);
     EXPECT_EQ(rect.bottom - rect.top, 580);
-    PostMessageW(main, WM_CLOSE, 0, 0);
-    EXPECT_NE(program.WaitForExit(kWindowWaitMs), STILL_ACTIVE);
-}
-
-TEST(NormalStart, TheWindowSpeaksGermanWhenGermanIsChosen) {
-    SeedQuietStart(0x0407);
-    ProgramRunner program;
-    ASSERT_TRUE(program.Start(ProgramPath(), L""));
-    HWND main = WaitForMainWindow(program);
-    ASSERT_NE(main, nullptr);
     RemoteListView rows(GetDlgItem(main, 5001));
     EXPECT_EQ(rows.HeaderText(2), L"E/A");
     EXPECT_EQ(rows.HeaderText(0), L"Prozess");

@@ -1,9 +1,13 @@
-// Finds a dialog box that another thread of this test shows, so that the test can read and close it.
+// Shows a warning box on a worker thread so that the test can read and answer it.
 #pragma once
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <chrono>
+#include <functional>
+#include <future>
 #include <string>
 #include <thread>
 #include <vector>
@@ -12,20 +16,7 @@
 
 namespace finch_test {
 
-// The top-level dialog (class #32770) with this caption, waiting up to the limit for it to appear.
-inline HWND WaitForDialogBox(const wchar_t* caption, std::chrono::milliseconds limit = std::chrono::seconds(20)) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    for (;;) {
-        HWND box = FindWindowW(L"#32770", caption);
-        if (box != nullptr && IsWindowVisible(box)) return box;
-        if (std::chrono::steady_clock::now() >= deadline) return nullptr;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-}
-
-// The texts of all the box's child windows.
 using lmvx_test::AnyTextContains;
-inline std::vector<std::wstring> ChildTexts(HWND box) { return lmvx_test::DescendantTexts(box); }
 
 inline bool AnyTextEquals(const std::vector<std::wstring>& texts, const std::wstring& whole) {
     return std::find(texts.begin(), texts.end(), whole) != texts.end();
@@ -35,6 +26,26 @@ inline bool AnyTextEquals(const std::vector<std::wstring>& texts, const std::wst
 inline void PressButton(HWND box, int buttonId) {
     PostMessageW(box, WM_COMMAND, MAKEWPARAM(buttonId, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(box, buttonId)));
+}
+
+using ShowWarning = int (*)(const wchar_t* title, const wchar_t* text, const wchar_t* caption);
+
+// Shows the warning under a caption of its own on a worker thread, waits for the visible dialog (class #32770)
+// with that caption, hands it to answer, and returns what the show call returned.
+inline int ShowAndAnswer(ShowWarning show, const wchar_t* title, const wchar_t* text,
+                         const std::function<void(HWND box, const std::vector<std::wstring>& texts)>& answer) {
+    static int serial = 0;
+    const std::wstring caption = L"Lumivex warning " + std::to_wstring(GetCurrentProcessId()) + L"." + std::to_wstring(++serial);
+    std::future<int> shown = std::async(std::launch::async, [=] { return show(title, text, caption.c_str()); });
+    HWND box = nullptr;
+    for (const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+         !(box = FindWindowW(L"#32770", caption.c_str())) || !IsWindowVisible(box);) {
+        if (std::chrono::steady_clock::now() >= deadline) break;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_TRUE(box && IsWindowVisible(box)) << "no box with the caption appeared";
+    answer(box, lmvx_test::DescendantTexts(box));
+    return shown.get();
 }
 
 }  // namespace finch_test

@@ -89,51 +89,27 @@ TEST(FormatString, CutsAtEveryExactBufferSize) {
     }
 }
 
-TEST(FormatString, TextThatFitsExactlyIsNotCut) {
-    wchar_t buffer[6];
-    FillWithSentinel(buffer);
-    EXPECT_EQ(5, APIP_FormatString(buffer, sizeof(buffer), L"%d", 12345));
-    EXPECT_STREQ(L"12345", buffer);
-}
-
-TEST(FormatString, OddByteSizeUsesOnlyWholeCharacters) {
+// Sizes at the edges: exactly fitting, odd byte counts (whole characters only), no room for even the
+// terminator (left alone), room for the terminator only, a surrogate pair at the cut, no format.
+TEST(FormatString, EdgeSizesSurrogatesAndNullFormat) {
     wchar_t buffer[8];
     FillWithSentinel(buffer);
-    // 7 bytes hold three whole characters; the fourth character (whose first byte is in range) stays as it was.
-    const int written = APIP_FormatString(buffer, 7, L"%s", L"abcdef");
-    EXPECT_EQ(2, written);
+    EXPECT_EQ(5, APIP_FormatString(buffer, 6 * sizeof(wchar_t), L"%d", 12345));
+    EXPECT_STREQ(L"12345", buffer);
+    FillWithSentinel(buffer);
+    EXPECT_EQ(2, APIP_FormatString(buffer, 7, L"%s", L"abcdef"));   // 7 bytes: three whole characters
     EXPECT_STREQ(L"ab", buffer);
     EXPECT_EQ(Sentinel, buffer[3]);
-}
-
-TEST(FormatString, BufferTooSmallForOneCharacterIsLeftAlone) {
-    wchar_t buffer[2];
     FillWithSentinel(buffer);
     EXPECT_EQ(0, APIP_FormatString(buffer, 0, L"%s", L"abc"));
     EXPECT_EQ(0, APIP_FormatString(buffer, 1, L"%s", L"abc"));
     EXPECT_EQ(Sentinel, buffer[0]);
-    EXPECT_EQ(Sentinel, buffer[1]);
-}
-
-TEST(FormatString, OneCharacterBufferHoldsTheEmptyText) {
-    wchar_t buffer[2];
-    FillWithSentinel(buffer);
     EXPECT_EQ(0, APIP_FormatString(buffer, sizeof(wchar_t), L"%s", L"abc"));
     EXPECT_EQ(L'\0', buffer[0]);
     EXPECT_EQ(Sentinel, buffer[1]);
-}
-
-TEST(FormatString, CutDoesNotSplitASurrogatePair) {
-    wchar_t buffer[8];
-    FillWithSentinel(buffer);
-    // "a" followed by one character outside the basic plane (two UTF-16 units); room for two units only.
-    const int written = APIP_FormatString(buffer, 3 * sizeof(wchar_t), L"a%s", L"\U0001F600");
-    EXPECT_EQ(1, written);
+    // "a" and one character outside the basic plane (two UTF-16 units), with room for two units only.
+    EXPECT_EQ(1, APIP_FormatString(buffer, 3 * sizeof(wchar_t), L"a%s", L"\U0001F600"));
     EXPECT_STREQ(L"a", buffer);
-}
-
-TEST(FormatString, NullFormatGivesEmptyText) {
-    wchar_t buffer[4];
     FillWithSentinel(buffer);
     EXPECT_EQ(0, APIP_FormatString(buffer, sizeof(buffer), nullptr));
     EXPECT_EQ(L'\0', buffer[0]);

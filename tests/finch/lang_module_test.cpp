@@ -112,15 +112,8 @@ TEST_F(LangModuleTest, DialogsInTheSelectedLanguageWithEnglishFallback) {
         module.LoadDialogParam(IDD_TEST_ENGLISH_ONLY_DIALOG, nullptr, KeepParameterProcedure, 0));
     ASSERT_TRUE(fallback);
     EXPECT_EQ(L"English only", WindowText(fallback.Get()));
-}
-
-TEST_F(LangModuleTest, ModalDialogReturnsItsResult) {
-    module.SelectLanguage(UIL_LANGMODULE::German);
-    EXPECT_EQ(77, module.ShowDialogParam(IDD_TEST_DIALOG, nullptr, EndAtOnceProcedure, 77));
-}
-
-TEST_F(LangModuleTest, UnknownDialogIsNotCreated) {
-    EXPECT_EQ(nullptr, module.LoadDialogParam(999, nullptr, KeepParameterProcedure, 0));
+    EXPECT_EQ(77, module.ShowDialogParam(IDD_TEST_DIALOG, nullptr, EndAtOnceProcedure, 77)) << "a modal dialog's result";
+    EXPECT_EQ(nullptr, module.LoadDialogParam(999, nullptr, KeepParameterProcedure, 0)) << "an unknown dialog";
     EXPECT_EQ(-1, module.ShowDialogParam(999, nullptr, EndAtOnceProcedure, 0));
 }
 

@@ -35,31 +35,21 @@ TEST(StringBlock, ReadsAllSixteenSlots) {
     for (size_t slot = 0; slot < 16; ++slot) EXPECT_EQ(strings[slot], block[slot]) << slot;
 }
 
-TEST(StringBlock, TextCutShortLeavesTheRestEmpty) {
-    std::vector<std::wstring> strings(16, L"abc");
-    std::vector<wchar_t> data = MakeBlock(strings);
-    // Keep slot 0 whole and slot 1's count plus one of its three characters.
-    data.resize(4 + 2);
-    const finch::StringBlock block = finch::ParseStringBlock(data.data(), data.size() * sizeof(wchar_t));
-    EXPECT_EQ(L"abc", block[0]);
-    for (size_t slot = 1; slot < 16; ++slot) EXPECT_TRUE(block[slot].empty()) << slot;
-}
-
-TEST(StringBlock, CountPastTheEndIsNotRead) {
-    const std::vector<wchar_t> data = {static_cast<wchar_t>(0xFFFF), L'a'};
-    const finch::StringBlock block = finch::ParseStringBlock(data.data(), data.size() * sizeof(wchar_t));
-    for (const std::wstring& text : block) EXPECT_TRUE(text.empty());
-}
-
-TEST(StringBlock, OddTrailingByteIsIgnored) {
-    const std::vector<wchar_t> data = MakeBlock({L"ab"});
-    const finch::StringBlock block = finch::ParseStringBlock(data.data(), data.size() * sizeof(wchar_t) - 1);
-    EXPECT_TRUE(block[0].empty());
-}
-
-TEST(StringBlock, NoDataGivesEmptyStrings) {
-    const finch::StringBlock block = finch::ParseStringBlock(nullptr, 64);
-    for (const std::wstring& text : block) EXPECT_TRUE(text.empty());
+// A block cut short keeps the strings that fit whole; a count past the end, an odd trailing byte or no data
+// at all give empty strings.
+TEST(StringBlock, DataCutShortOddOrMissingLeavesEmptySlots) {
+    const auto parse = [](const std::vector<wchar_t>& data, size_t bytes) { return finch::ParseStringBlock(data.data(), bytes); };
+    std::vector<wchar_t> data = MakeBlock(std::vector<std::wstring>(16, L"abc"));
+    data.resize(4 + 2);   // slot 0 whole, slot 1's count and one of its three characters
+    const finch::StringBlock cut = parse(data, data.size() * sizeof(wchar_t));
+    EXPECT_EQ(L"abc", cut[0]);
+    for (size_t slot = 1; slot < 16; ++slot) EXPECT_TRUE(cut[slot].empty()) << slot;
+    const std::vector<wchar_t> pastTheEnd = {static_cast<wchar_t>(0xFFFF), L'a'};
+    const std::vector<wchar_t> odd = MakeBlock({L"ab"});
+    for (const finch::StringBlock& block : {parse(pastTheEnd, 2 * sizeof(wchar_t)), parse(odd, odd.size() * sizeof(wchar_t) - 1),
+                                            finch::ParseStringBlock(nullptr, 64)}) {
+        for (const std::wstring& text : block) EXPECT_TRUE(text.empty());
+    }
 }
 
 }  // namespace

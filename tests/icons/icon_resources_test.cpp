@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "icon_id_list.h"
+#include "icon_id_names.h"
 #include "icon_pixels.h"
 
 namespace {
@@ -23,37 +23,26 @@ bool IsVivid(uint32_t argb) {
 
 class IconResources : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { ids_ = ParseIconIdHeader(LoadEmbeddedIconIdHeader()); }
-
     static IconPixels Pixels(int id, int size) {
         const UniqueIcon icon = LoadIconResource(id, size);
         return icon ? ReadIconPixels(icon.get()) : IconPixels{};
     }
-
-    static std::vector<NamedIconId> ids_;
 };
 
-std::vector<NamedIconId> IconResources::ids_;
-
 TEST_F(IconResources, HeaderNamesDistinctIds) {
-    ASSERT_FALSE(ids_.empty()) << "icon_ids.h is not embedded or names no icon";
-    std::set<std::string> names;
     std::set<int> numbers;
-    for (const auto& icon : ids_) {
-        EXPECT_TRUE(names.insert(icon.name).second) << icon.name << " is defined twice";
-        EXPECT_TRUE(numbers.insert(icon.id).second) << icon.id << " has two names";
-    }
+    for (const auto& icon : kIconIds) EXPECT_TRUE(numbers.insert(icon.id).second) << icon.id << " has two names";
 }
 
 TEST_F(IconResources, EveryIconHasItsOwnImageAtBothSizes) {
-    for (const auto& icon : ids_) {
+    for (const auto& icon : kIconIds) {
         for (int size : kSizes)
             EXPECT_EQ(NativeImageWidth(icon.id, size), size) << icon.name << " has no " << size << " px image";
     }
 }
 
 TEST_F(IconResources, NoIconIsBlankOrOneFlatColour) {
-    for (const auto& icon : ids_) {
+    for (const auto& icon : kIconIds) {
         for (int size : kSizes) {
             const IconPixels pixels = Pixels(icon.id, size);
             std::set<uint32_t> opaqueColours;
@@ -67,7 +56,7 @@ TEST_F(IconResources, NoIconIsBlankOrOneFlatColour) {
 }
 
 TEST_F(IconResources, EdgesAreSmoothedWithRealAlpha) {
-    for (const auto& icon : ids_) {
+    for (const auto& icon : kIconIds) {
         for (int size : kSizes) {
             const IconPixels pixels = Pixels(icon.id, size);
             const bool transparent = std::any_of(pixels.argb.begin(), pixels.argb.end(),
@@ -84,7 +73,7 @@ TEST_F(IconResources, EdgesAreSmoothedWithRealAlpha) {
 TEST_F(IconResources, DifferentMeaningsHaveDifferentPictures) {
     for (int size : kSizes) {
         std::map<std::string, IconPixels> pictures;
-        for (const auto& icon : ids_)
+        for (const auto& icon : kIconIds)
             pictures[icon.name] = Pixels(icon.id, size);
         for (auto a = pictures.begin(); a != pictures.end(); ++a) {
             for (auto b = std::next(a); b != pictures.end(); ++b)
@@ -96,9 +85,9 @@ TEST_F(IconResources, DifferentMeaningsHaveDifferentPictures) {
 TEST_F(IconResources, CpuLevelPicturesFillUpWithTheLevel) {
     std::map<int, int> levelIds;
     const std::string prefix = "IDI_CPU_LEVEL_";
-    for (const auto& icon : ids_) {
-        if (icon.name.rfind(prefix, 0) == 0)
-            levelIds[std::stoi(icon.name.substr(prefix.size()))] = icon.id;
+    for (const auto& icon : kIconIds) {
+        if (const std::string name = icon.name; name.rfind(prefix, 0) == 0)
+            levelIds[std::stoi(name.substr(prefix.size()))] = icon.id;
     }
     ASSERT_EQ(levelIds.size(), 11u);
     ASSERT_EQ(levelIds.begin()->first, 0);

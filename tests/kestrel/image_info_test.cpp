@@ -1,5 +1,5 @@
 // Version data of one file, as the program's pages read it.
-#include "kestrel.h"
+#include "provider_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -64,13 +64,7 @@ TEST(ImageInfo, TheTimeStampIsTheImagesLinkTime) {
 
     kestrel::_IMAGEINFO info;
     info.LoadVersionInfo(OwnPath().c_str());
-    const SYSTEMTIME actual = info.GetTimeStamp();
-    EXPECT_EQ(actual.wYear, expected.wYear);
-    EXPECT_EQ(actual.wMonth, expected.wMonth);
-    EXPECT_EQ(actual.wDay, expected.wDay);
-    EXPECT_EQ(actual.wHour, expected.wHour);
-    EXPECT_EQ(actual.wMinute, expected.wMinute);
-    EXPECT_EQ(actual.wSecond, expected.wSecond);
+    kestrel_test::ExpectSameTime(info.GetTimeStamp(), expected, false);
 }
 
 TEST(ImageInfo, AMissingFileOrNoCallGivesNothing) {

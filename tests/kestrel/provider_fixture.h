@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 namespace kestrel_test {
 
@@ -33,5 +34,14 @@ protected:
 
     kestrel::TL_PROCESSLIST list;
 };
+
+// Date and time of day agree (the day of the week is not compared; milliseconds only when asked).
+inline void ExpectSameTime(const SYSTEMTIME& a, const SYSTEMTIME& e, bool milliseconds = true) {
+    EXPECT_EQ(std::tie(a.wYear, a.wMonth, a.wDay, a.wHour, a.wMinute, a.wSecond),
+              std::tie(e.wYear, e.wMonth, e.wDay, e.wHour, e.wMinute, e.wSecond));
+    if (milliseconds) {
+        EXPECT_EQ(a.wMilliseconds, e.wMilliseconds);
+    }
+}
 
 }  // namespace kestrel_test

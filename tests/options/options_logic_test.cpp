@@ -23,7 +23,7 @@ struct FakeTree {
     int Parent(int item) const { return Get(parent, item); }
 };
 
-TEST(OptionsTreeWalk, GoesDepthFirstAndClimbsBackToTheNextSibling) {
+TEST(OptionsTreeWalk, GoesDepthFirstClimbsBackToTheNextSiblingAndStopsAfter512Items) {
     FakeTree tree;
     tree.Add(1, 2);
     tree.Add(1, 3, 2);
@@ -33,13 +33,11 @@ TEST(OptionsTreeWalk, GoesDepthFirstAndClimbsBackToTheNextSibling) {
     std::vector<int> order;
     EXPECT_EQ(lmvx::WalkTree(tree, 1, [&](int item) { order.push_back(item); }), 6u);
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 5, 6, 4}));
-}
 
-TEST(OptionsTreeWalk, StopsAfter512Items) {
-    FakeTree tree;
-    for (int child = 2; child <= 700; ++child) tree.Add(1, child, child == 2 ? 0 : child - 1);
+    FakeTree wide;
+    for (int child = 2; child <= 700; ++child) wide.Add(1, child, child == 2 ? 0 : child - 1);
     int last = 0;
-    EXPECT_EQ(lmvx::WalkTree(tree, 1, [&](int item) { last = item; }), 512u);
+    EXPECT_EQ(lmvx::WalkTree(wide, 1, [&](int item) { last = item; }), 512u);
     EXPECT_EQ(last, 512);
 }
 
@@ -52,13 +50,10 @@ TEST(TrayPageRule, HideFollowsTheTrayBoxAndTheGraphStaysDisabled) {
     }
 }
 
-TEST(ReplacementPath, Windows2000RefusesFrom47Characters) {
+TEST(ReplacementPath, Windows2000RefusesFrom47CharactersAndEqualityIgnoresLetterCaseOnly) {
     EXPECT_FALSE(lmvx::QuotedPathTooLongForWindows2000(46));
     EXPECT_TRUE(lmvx::QuotedPathTooLongForWindows2000(47)) << "one stricter than the warning says, on purpose";
     EXPECT_TRUE(lmvx::QuotedPathTooLongForWindows2000(48));
-}
-
-TEST(ReplacementPath, EqualityIgnoresLetterCaseOnly) {
     const wchar_t* own = L"\"C:\\Program Files\\Lumivex\\lmvx64.exe\"";
     EXPECT_TRUE(lmvx::IsSameReplacementPath(own, L"\"c:\\PROGRAM FILES\\lumivex\\LMVX64.EXE\""));
     EXPECT_FALSE(lmvx::IsSameReplacementPath(own, L"C:\\Program Files\\Lumivex\\lmvx64.exe"));

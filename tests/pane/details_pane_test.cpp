@@ -82,51 +82,30 @@ protected:
     HWND pane = nullptr;
 };
 
-TEST_F(DetailsPaneTest, HiddenFieldHoldsTheShownPid) {
+// Between two cycles the pane shows one process while the list has another selected: each command acts on
+// the one it is meant for, and a restart whose termination is declined starts nothing.
+TEST_F(DetailsPaneTest, EachCommandActsOnTheShownOrTheSelectedProcess) {
     EXPECT_EQ(lmvx::DetailsPaneShownPid(pane), shownChild.Pid());
     EXPECT_EQ(GetDlgItemInt(pane, IDC_PANE_SHOWN_PID, nullptr, FALSE), shownChild.Pid());
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(pane, IDC_PANE_SHOWN_PID)));
     EXPECT_EQ(lmvx::SelectedPidOfList(host.List()), selectedChild.Pid());
-}
 
-TEST_F(DetailsPaneTest, TerminatePropertiesPriorityAndPriorityLinkActOnTheShownProcess) {
-    Command(IDM_TERMINATE_PROCESS);
-    Command(IDM_PROPERTIES);
-    Command(IDM_PRIORITY_BELOW_NORMAL);
-    Command(IDM_PANE_PRIORITY_LINK);
-    EXPECT_EQ(g_calls, (std::vector<std::wstring>{Call(L"terminate", shownChild), Call(L"properties", shownChild),
-                                                   Call(L"priority205", shownChild), Call(L"prioritymenu", shownChild)}));
-}
-
-TEST_F(DetailsPaneTest, PageOutKernelObjectsAndWindowsActOnTheSelectedProcess) {
-    Command(IDM_PAGE_OUT_PROCESS);
-    Command(IDM_KERNEL_OBJECTS);
-    Command(IDM_PANE_WINDOWS);
-    EXPECT_EQ(g_calls, (std::vector<std::wstring>{Call(L"pageout", selectedChild), Call(L"handles", selectedChild),
-                                                   Call(L"windows", selectedChild)}));
-}
-
-TEST_F(DetailsPaneTest, PauseTestsTheSelectedProcessButPausesTheShownOne) {
-    Command(IDM_PAUSE_PROCESS);
-    EXPECT_EQ(g_calls, (std::vector<std::wstring>{Call(L"test", selectedChild), Call(L"pause", shownChild)}));
-}
-
-TEST_F(DetailsPaneTest, PauseOfASuspendedSelectionResumesTheShownProcess) {
-    g_suspendedPid = static_cast<int>(selectedChild.Pid());
-    Command(IDM_RESUME_PROCESS);
-    EXPECT_EQ(g_calls, (std::vector<std::wstring>{Call(L"test", selectedChild), Call(L"resume", shownChild)}));
-}
-
-TEST_F(DetailsPaneTest, OtherCommandsAreIgnored) {
     EXPECT_EQ(SendMessageW(pane, WM_COMMAND, MAKEWPARAM(IDM_ABOUT, 0), 0), 0);
-    Command(IDM_PANE_ICON_BUTTON);
-    Command(IDM_PRIORITY_PAUSED);
-    EXPECT_TRUE(g_calls.empty());
-}
-
-TEST_F(DetailsPaneTest, RestartWhoseTerminationIsDeclinedStartsNothing) {
+    for (unsigned ignored : {IDM_PANE_ICON_BUTTON, IDM_PRIORITY_PAUSED}) Command(ignored);
+    EXPECT_TRUE(g_calls.empty()) << "other commands are ignored";
+    for (unsigned command : {IDM_TERMINATE_PROCESS, IDM_PROPERTIES, IDM_PRIORITY_BELOW_NORMAL, IDM_PANE_PRIORITY_LINK,
+                             IDM_PAGE_OUT_PROCESS, IDM_KERNEL_OBJECTS, IDM_PANE_WINDOWS, IDM_PAUSE_PROCESS})
+        Command(command);
+    g_suspendedPid = static_cast<int>(selectedChild.Pid());
+    Command(IDM_RESUME_PROCESS);   // the selection is suspended: the shown process is resumed
     Command(IDM_RESTART_PROCESS);   // the fake terminate declines
-    EXPECT_EQ(g_calls, (std::vector<std::wstring>{Call(L"terminate", selectedChild)}));
+    EXPECT_EQ(g_calls, (std::vector<std::wstring>{
+                           Call(L"terminate", shownChild), Call(L"properties", shownChild),
+                           Call(L"priority205", shownChild), Call(L"prioritymenu", shownChild),
+                           Call(L"pageout", selectedChild), Call(L"handles", selectedChild),
+                           Call(L"windows", selectedChild), Call(L"test", selectedChild), Call(L"pause", shownChild),
+                           Call(L"test", selectedChild), Call(L"resume", shownChild),
+                           Call(L"terminate", selectedChild)}));
     EXPECT_TRUE(selectedChild.IsRunning());
 }
 

@@ -88,21 +88,19 @@ TEST_F(ToolbarTest, ImagesAreTheSharedIconsNotBlanks) {
     EXPECT_NE(pixelsOf(3), pixelsOf(14));
 }
 
-TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInEnglish) {
-    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
-    for (const auto& spec : kToolbarButtons) {
-        if (spec.image == lmvx::kToolbarSeparator) continue;
-        EXPECT_EQ(TooltipText(toolbar.window, spec.command), spec.english) << spec.command;
-    }
-}
-
-TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInGerman) {
-    wren::SetCurrentLangID(UIL_LANGMODULE::German);
-    UIL_LangModule.SelectLanguage(UIL_LANGMODULE::German);
-    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
-    for (const auto& spec : kToolbarButtons) {
-        if (spec.image == lmvx::kToolbarSeparator) continue;
-        EXPECT_EQ(TooltipText(toolbar.window, spec.command), spec.german) << spec.command;
+// The tooltips follow the language the toolbar was created in.
+TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInEnglishAndGerman) {
+    for (LANGID language : {UIL_LANGMODULE::English, UIL_LANGMODULE::German}) {
+        wren::SetCurrentLangID(language);
+        UIL_LangModule.SelectLanguage(language);
+        lmvx::Toolbar created;
+        ASSERT_TRUE(lmvx::ToolbarCreate(created, host.Get()));
+        for (const auto& spec : kToolbarButtons) {
+            if (spec.image == lmvx::kToolbarSeparator) continue;
+            EXPECT_EQ(TooltipText(created.window, spec.command), language == UIL_LANGMODULE::German ? spec.german : spec.english)
+                << spec.command;
+        }
+        DestroyWindow(created.window);
     }
 }
 

@@ -147,30 +147,27 @@ TEST(PerfGraphRender, PictureSignatureStaysWhileThePixelsStayAndMovesWithThem) {
     EXPECT_NE(graph.GetPictureSignature(kWidth + 1, kHeight), graph.GetPictureSignature(kWidth, kHeight));
 }
 
-TEST(PerfGraphRender, AValueAboveTheScaleIsDrawnAtTheTop) {
+TEST(PerfGraphRender, AValueAboveTheScaleAndWithoutScaleMaximumThePeakReachTheTop) {
     PixelCanvas canvas(120, 60);
     ASSERT_TRUE(canvas.Valid());
-    wren::PERFGRAPH graph;
-    graph.Init(kSpan, kInterval, 1);
-    graph.SetScaleMax(100, 0);
-    graph.SetDataPoint(250, GetTickCount(), 0);
-    ASSERT_TRUE(DrawFull(graph, nullptr, canvas.Dc()));
+    wren::PERFGRAPH above;
+    above.Init(kSpan, kInterval, 1);
+    above.SetScaleMax(100, 0);
+    above.SetDataPoint(250, GetTickCount(), 0);
+    ASSERT_TRUE(DrawFull(above, nullptr, canvas.Dc()));
     EXPECT_EQ(canvas.Pixel(119, 0), kLine);
-}
 
-TEST(PerfGraphRender, WithoutScaleMaximumThePeakReachesTheTop) {
-    PixelCanvas canvas(120, 60);
-    ASSERT_TRUE(canvas.Valid());
-    wren::PERFGRAPH graph;
-    graph.Init(kSpan, kInterval, 1);
+    PixelCanvas second(120, 60);
+    wren::PERFGRAPH peak;
+    peak.Init(kSpan, kInterval, 1);
     const unsigned start = GetTickCount();
-    graph.SetDataPoint(12345, start, 0);
-    graph.SetDataPoint(0, start + kInterval, 0);
-    ASSERT_TRUE(DrawFull(graph, nullptr, canvas.Dc()));
-    EXPECT_EQ(canvas.Pixel(119, 59), kLine);   // newest point, 0: bottom right
+    peak.SetDataPoint(12345, start, 0);
+    peak.SetDataPoint(0, start + kInterval, 0);
+    ASSERT_TRUE(DrawFull(peak, nullptr, second.Dc()));
+    EXPECT_EQ(second.Pixel(119, 59), kLine);   // newest point, 0: bottom right
     // The peak one point earlier: its column reaches the top row.
     bool peakAtTop = false;
-    for (int x = 100; x < 120; ++x) peakAtTop = peakAtTop || canvas.Pixel(x, 0) == kLine;
+    for (int x = 100; x < 120; ++x) peakAtTop = peakAtTop || second.Pixel(x, 0) == kLine;
     EXPECT_TRUE(peakAtTop);
 }
 
@@ -253,7 +250,7 @@ TEST(PerfGraphRender, IntoAWindowAtItsClientSizeAndRepaintedFromTheLastDrawing) 
     EXPECT_EQ(copy.Pixel(172, 59), kFill);
 }
 
-TEST(PerfGraphRender, NothingToDrawIntoGivesNoDC) {
+TEST(PerfGraphRender, NothingToDrawIntoGivesNoDCAndDeleteEndsAnOpenDrawing) {
     auto graph = HalfFullGraph();
     TestWindow empty(0, 0);
     ASSERT_NE(empty.Get(), nullptr);
@@ -266,9 +263,12 @@ TEST(PerfGraphRender, NothingToDrawIntoGivesNoDC) {
     EXPECT_EQ(graph->RenderOpen(gone, nullptr, 0), nullptr);
     EXPECT_EQ(graph->UpdateGraph(gone, nullptr, 0), 0);
     EXPECT_EQ(graph->UpdateGraph(nullptr, nullptr, 0), 0);
-    // A graph that was never drawn has nothing to repaint.
+    // A graph that was never drawn has nothing to repaint; Delete ends a drawing left open.
     PixelCanvas canvas(10, 10);
     EXPECT_EQ(graph->UpdateGraph(nullptr, canvas.Dc(), 0), 0);
+    ASSERT_NE(graph->RenderOpen(nullptr, canvas.Dc(), 0), nullptr);
+    EXPECT_EQ(graph->Delete(), 1);
+    EXPECT_EQ(graph->RenderClose(), 0);
 }
 
 TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
@@ -291,14 +291,6 @@ TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
     }
     EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
     EXPECT_EQ(wren::GetPerfGraphGdiFreeFailures(), failuresBefore);
-}
-
-TEST(PerfGraphRender, DeleteEndsADrawingLeftOpen) {
-    PixelCanvas canvas(40, 20);
-    auto graph = HalfFullGraph();
-    ASSERT_NE(graph->RenderOpen(nullptr, canvas.Dc(), 0), nullptr);
-    EXPECT_EQ(graph->Delete(), 1);
-    EXPECT_EQ(graph->RenderClose(), 0);
 }
 
 TEST(PerfGraphRender, FedAndDrawnOnOneThreadWhileAnotherRepaintsAndDraws) {

@@ -27,7 +27,7 @@ TEST(PerfGraphSeries, EveryOperationFailsBeforeInit) {
     EXPECT_EQ(graph.GetPointCapacity(), 0u);
 }
 
-TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeries) {
+TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeriesAndSeriesOutsideAreRefused) {
     wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(kSpan, kInterval, 3), 0);
     EXPECT_EQ(graph.GetSeriesCount(), 3u);
@@ -38,20 +38,15 @@ TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeries) {
     EXPECT_EQ(graph.GetPoint(1, 0), kSpan / kInterval + 10);
     EXPECT_EQ(graph.GetPoint(1, kSpan / kInterval - 1), 11u);   // points older than the span are gone
     EXPECT_EQ(graph.GetPointCount(0), 0u);                      // series are independent
+    EXPECT_EQ(graph.SetDataPoint(1, 0, 3), 0);
+    EXPECT_EQ(graph.SetRegisterDisplayInfo(L"x", L"y", 1, 0, 3), 0);
+    EXPECT_EQ(graph.SetScaleMax(5, 3), 0);
+    EXPECT_EQ(graph.GetPoint(3, 0), 0u);
 }
 
-TEST(PerfGraphSeries, SeriesOutsideTheGraphAreRefused) {
+TEST(PerfGraphSeries, DisplayInfoNamesCutToTheBufferAndTheDivisor) {
     wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(kSpan, kInterval, 2), 0);
-    EXPECT_EQ(graph.SetDataPoint(1, 0, 2), 0);
-    EXPECT_EQ(graph.SetRegisterDisplayInfo(L"x", L"y", 1, 0, 2), 0);
-    EXPECT_EQ(graph.SetScaleMax(5, 2), 0);
-    EXPECT_EQ(graph.GetPoint(2, 0), 0u);
-}
-
-TEST(PerfGraphSeries, DisplayInfoAndDivisor) {
-    wren::PERFGRAPH graph;
-    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
     ASSERT_NE(graph.SetRegisterDisplayInfo(L"Physical Memory", L"MB", 1024, RGB(0, 255, 0), 0), 0);
     EXPECT_EQ(SeriesName(graph, 0), L"Physical Memory");
     wchar_t unit[8] = {};
@@ -61,23 +56,13 @@ TEST(PerfGraphSeries, DisplayInfoAndDivisor) {
     EXPECT_EQ(graph.GetDisplayDivisor(0), 1024u);
     graph.SetDataPoint(3 * 1024 + 1023, GetTickCount(), 0);   // fed in KB, shown in whole MB
     EXPECT_EQ(graph.GetDisplayValue(0), 3u);
-}
 
-TEST(PerfGraphSeries, NamesAreCutToTheBuffer) {
-    wren::PERFGRAPH graph;
-    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
-    graph.SetRegisterDisplayInfo(L"Context Switches", L"/s", 1, 0, 0);
+    graph.SetRegisterDisplayInfo(L"Context Switches", L"/s", 0, 0, 1);
     wchar_t small[8];
-    ASSERT_NE(graph.GetSeriesName(0, small, 8), 0);
+    ASSERT_NE(graph.GetSeriesName(1, small, 8), 0);
     EXPECT_STREQ(small, L"Context");
-}
-
-TEST(PerfGraphSeries, ADivisorOfZeroShowsTheFedValue) {
-    wren::PERFGRAPH graph;
-    ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
-    graph.SetRegisterDisplayInfo(L"n", L"u", 0, 0, 0);
-    graph.SetDataPoint(77, GetTickCount(), 0);
-    EXPECT_EQ(graph.GetDisplayValue(0), 77u);
+    graph.SetDataPoint(77, GetTickCount(), 1);
+    EXPECT_EQ(graph.GetDisplayValue(1), 77u) << "a divisor of 0 shows the fed value";
 }
 
 TEST(PerfGraphSeries, ScaleMaximumOrOwnPeak) {
@@ -96,7 +81,7 @@ TEST(PerfGraphSeries, ScaleMaximumOrOwnPeak) {
     EXPECT_EQ(graph.GetScaleTop(1), values[1]);
 }
 
-TEST(PerfGraphSeries, AnEmptyGraphOfNoSeriesCanBeDrawnAndDeleted) {
+TEST(PerfGraphSeries, AnEmptyGraphOfNoSeriesCanBeDrawnAndDeletedAndInitAgainStartsOver) {
     // The pages draw a temporary Init(10, 10, 0) graph when their process is gone.
     wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(10, 10, 0), 0);
@@ -104,10 +89,6 @@ TEST(PerfGraphSeries, AnEmptyGraphOfNoSeriesCanBeDrawnAndDeleted) {
     EXPECT_EQ(graph.RenderFill(0, 0), 0);
     EXPECT_EQ(graph.Delete(), 1);
     EXPECT_EQ(graph.Delete(), 0);
-}
-
-TEST(PerfGraphSeries, InitAgainStartsOver) {
-    wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);
     graph.SetDataPoint(5, GetTickCount(), 0);
     ASSERT_NE(graph.Init(kSpan, kInterval, 1), 0);

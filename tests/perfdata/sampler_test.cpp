@@ -27,37 +27,40 @@ protected:
     wren::PERFGRAPH memory;
 };
 
-TEST_F(SamplerTest, CpuGraphSeries) {
+TEST_F(SamplerTest, SeriesAsRegisteredMemoryInMBScaledToTheStartUpFigures) {
     ASSERT_EQ(cpu.GetSeriesCount(), kSeriesCount);
-    EXPECT_EQ(cpu.GetPointCapacity(), kHistorySpanMs / kPointIntervalMs);
-    EXPECT_EQ(Name(cpu, kCpuUsageSeries), L"CPU Usage");
-    EXPECT_EQ(Name(cpu, kSystemCpuSeries), L"System CPU Usage");
-    EXPECT_EQ(Name(cpu, kContextSwitchSeries), L"Context Switches");
-    EXPECT_EQ(cpu.GetSeriesColour(kCpuUsageSeries), RGB(0, 255, 0));
-    EXPECT_EQ(cpu.GetSeriesColour(kSystemCpuSeries), RGB(255, 0, 0));
-    EXPECT_EQ(cpu.GetSeriesColour(kContextSwitchSeries), RGB(255, 255, 0));
-    EXPECT_EQ(cpu.GetScaleMax(kCpuUsageSeries), 100u);
-    EXPECT_EQ(cpu.GetScaleMax(kSystemCpuSeries), 100u);
-    EXPECT_EQ(cpu.GetScaleMax(kContextSwitchSeries), 0u);   // scales to its own peak
-}
-
-TEST_F(SamplerTest, MemoryGraphSeriesInMBScaledToTheStartUpFigures) {
     ASSERT_EQ(memory.GetSeriesCount(), kSeriesCount);
-    EXPECT_EQ(Name(memory, kPhysicalMemorySeries), L"Physical Memory");
-    EXPECT_EQ(Name(memory, kPagedMemorySeries), L"Paged Memory");
-    EXPECT_EQ(Name(memory, kSystemCacheSeries), L"System Cache");
+    EXPECT_EQ(cpu.GetPointCapacity(), kHistorySpanMs / kPointIntervalMs);
+    const struct {
+        const wren::PERFGRAPH& graph;
+        unsigned series;
+        const wchar_t* name;
+        COLORREF colour;   // CPU graph only
+        unsigned scale;    // 0: scales to its own peak
+    } expected[] = {
+        {cpu, kCpuUsageSeries, L"CPU Usage", RGB(0, 255, 0), 100},
+        {cpu, kSystemCpuSeries, L"System CPU Usage", RGB(255, 0, 0), 100},
+        {cpu, kContextSwitchSeries, L"Context Switches", RGB(255, 255, 0), 0},
+        {memory, kPhysicalMemorySeries, L"Physical Memory", 0, counters.GetPhysicalMemoryTotalKB()},
+        {memory, kPagedMemorySeries, L"Paged Memory", 0, counters.GetCommitChargeLimitKB()},
+        {memory, kSystemCacheSeries, L"System Cache", 0, counters.GetPhysicalMemoryTotalKB()},
+    };
+    for (const auto& e : expected) {
+        EXPECT_EQ(Name(e.graph, e.series), e.name);
+        EXPECT_EQ(e.graph.GetScaleMax(e.series), e.scale) << e.series;
+        if (&e.graph == &cpu) {
+            EXPECT_EQ(e.graph.GetSeriesColour(e.series), e.colour) << e.series;
+        }
+    }
     for (unsigned series = 0; series < kSeriesCount; ++series) {
         EXPECT_EQ(memory.GetDisplayDivisor(series), 1024u);
         wchar_t unit[8] = {};
         memory.GetSeriesUnit(series, unit, 8);
         EXPECT_STREQ(unit, L"MB");
     }
-    EXPECT_EQ(memory.GetScaleMax(kPhysicalMemorySeries), counters.GetPhysicalMemoryTotalKB());
-    EXPECT_EQ(memory.GetScaleMax(kPagedMemorySeries), counters.GetCommitChargeLimitKB());
-    EXPECT_EQ(memory.GetScaleMax(kSystemCacheSeries), counters.GetPhysicalMemoryTotalKB());
 }
 
-TEST_F(SamplerTest, OneSampleAddsEachSeriesItsFigure) {
+TEST_F(SamplerTest, EachSampleAddsEachSeriesItsFigureAndALaterOneANewPoint) {
     ASSERT_EQ(SampleInto(counters, cpu, memory), 1);
     for (unsigned series = 0; series < kSeriesCount; ++series) {
         EXPECT_EQ(cpu.GetPointCount(series), 1u);
@@ -69,10 +72,6 @@ TEST_F(SamplerTest, OneSampleAddsEachSeriesItsFigure) {
               counters.GetPhysicalMemoryTotalKB() - counters.GetPhysicalMemoryAvailableKB());
     EXPECT_EQ(memory.GetPoint(kPagedMemorySeries, 0), counters.GetCommitChargeTotalKB());
     EXPECT_EQ(memory.GetPoint(kSystemCacheSeries, 0), counters.GetPhysicalMemorySystemCacheKB());
-}
-
-TEST_F(SamplerTest, ALaterSampleIsANewPoint) {
-    SampleInto(counters, cpu, memory);
     Sleep(kPointIntervalMs + 50);   // past at least one point boundary
     SampleInto(counters, cpu, memory);
     EXPECT_GE(memory.GetPointCount(kPhysicalMemorySeries), 2u);

@@ -50,7 +50,7 @@ TEST(SysPerfInfo, ZeroBeforeInitAndAfterDelete) {
     EXPECT_EQ(counters.GetCPUUsage(), 0.0);
 }
 
-TEST_F(SysPerfInfoTest, PhysicalMemoryAsGlobalMemoryStatusExInKB) {
+TEST_F(SysPerfInfoTest, PhysicalMemoryAsGlobalMemoryStatusExAndCommitChargeWithinItsLimitInKB) {
     ASSERT_EQ(counters.Update(), 1);
     MEMORYSTATUSEX memory{};
     memory.dwLength = sizeof memory;
@@ -58,10 +58,6 @@ TEST_F(SysPerfInfoTest, PhysicalMemoryAsGlobalMemoryStatusExInKB) {
     EXPECT_EQ(counters.GetPhysicalMemoryTotalKB(), static_cast<unsigned>(memory.ullTotalPhys / 1024));
     EXPECT_GT(counters.GetPhysicalMemoryAvailableKB(), 0u);
     EXPECT_LE(counters.GetPhysicalMemoryAvailableKB(), counters.GetPhysicalMemoryTotalKB());
-}
-
-TEST_F(SysPerfInfoTest, CommitChargeWithinItsLimit) {
-    ASSERT_EQ(counters.Update(), 1);
     PERFORMANCE_INFORMATION performance{};
     ASSERT_TRUE(GetPerformanceInfo(&performance, sizeof performance));
     EXPECT_EQ(counters.GetCommitChargeLimitKB(),
@@ -100,14 +96,10 @@ TEST_F(SysPerfInfoTest, CpuUsageRisesWhileAChildBurns) {
     EXPECT_GE(highestSystem, 0.0);
 }
 
-TEST(PerfMonSource, OneSourceForTheWholeProcess) {
+TEST(PerfMonSource, OneSourceForTheWholeProcessWithTheCountersObjectsFigures) {
     kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
     ASSERT_NE(source, nullptr);
     EXPECT_EQ(source, kestrel::GetGlobalPerfMonSourcePtr());
-}
-
-TEST(PerfMonSource, FiguresAsTheCountersObject) {
-    kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
     ASSERT_EQ(source->SetUpdateInterval(0, 0), 1);   // every read takes a new reading
     kestrel::_SYSPERFINFO counters;
     ASSERT_EQ(counters.Init(), 1);

@@ -61,7 +61,9 @@ protected:
     HWND memory_ = nullptr;
 };
 
-TEST_F(PopupHover, RestingOnTheCpuPaneShowsTheCpuPopupAndLeavingHidesIt) {
+// Resting on the CPU pane shows its pop-up, moving within the pop-up keeps it open, the memory pane shows
+// the memory pop-up and hides the CPU one, and leaving hides each.
+TEST_F(PopupHover, EachPaneShowsItsPopupWhileThePointerIsOnItOrThePopup) {
     EXPECT_FALSE(IsShown(cpu_));
     const POINT pane = PaneCentre(lmvx::perf::kPaneCpu);
     MovePointerTo(pane);
@@ -72,37 +74,25 @@ TEST_F(PopupHover, RestingOnTheCpuPaneShowsTheCpuPopupAndLeavingHidesIt) {
         << GetAncestor(WindowFromPoint(pane), GA_ROOT) << " main " << host_.Main() << " bar " << host_.StatusBar();
     EXPECT_FALSE(IsShown(memory_));
     EXPECT_FALSE(IsPinned(cpu_)) << "hovering alone never pins";
-
     // Its figure and graph are filled from the counters.
     wchar_t value[64] = {};
     GetDlgItemTextW(cpu_, 1023, value, 64);
     EXPECT_NE(std::wstring(value).find(L'%'), std::wstring::npos) << "CPU usage reads \"" << value << "\"";
 
-    MovePointerTo(Elsewhere(host_.Main()));
-    EXPECT_TRUE(PumpUntil([&] { return !IsShown(cpu_); }, kHideLimitMs));
-}
-
-TEST_F(PopupHover, MovingWithinThePopupKeepsItOpen) {
-    MovePointerTo(PaneCentre(lmvx::perf::kPaneCpu));
-    ASSERT_TRUE(PumpUntil([&] { return IsShown(cpu_); }, kShowLimitMs));
     RECT popup{};
     GetWindowRect(cpu_, &popup);
-    MovePointerTo(CentreOf(popup));
-    PumpFor(4 * lmvx::perf::kPopupTimerPeriod);
-    EXPECT_TRUE(IsShown(cpu_));
-    MovePointerTo(POINT{popup.left + 3, popup.top + 3});
-    PumpFor(4 * lmvx::perf::kPopupTimerPeriod);
-    EXPECT_TRUE(IsShown(cpu_));
+    for (POINT within : {CentreOf(popup), POINT{popup.left + 3, popup.top + 3}}) {
+        MovePointerTo(within);
+        PumpFor(4 * lmvx::perf::kPopupTimerPeriod);
+        EXPECT_TRUE(IsShown(cpu_));
+    }
     MovePointerTo(Elsewhere(host_.Main()));
     EXPECT_TRUE(PumpUntil([&] { return !IsShown(cpu_); }, kHideLimitMs));
-}
 
-TEST_F(PopupHover, TheMemoryPaneShowsTheMemoryPopupAndHidesTheCpuPopup) {
-    MovePointerTo(PaneCentre(lmvx::perf::kPaneCpu));
+    MovePointerTo(pane);
     ASSERT_TRUE(PumpUntil([&] { return IsShown(cpu_); }, kShowLimitMs));
     MovePointerTo(PaneCentre(lmvx::perf::kPaneMemory));
     ASSERT_TRUE(PumpUntil([&] { return IsShown(memory_) && !IsShown(cpu_); }, kShowLimitMs));
-    wchar_t value[64] = {};
     GetDlgItemTextW(memory_, 1023, value, 64);
     EXPECT_NE(std::wstring(value).find(L" MB"), std::wstring::npos) << "physical memory reads \"" << value << "\"";
     MovePointerTo(Elsewhere(host_.Main()));

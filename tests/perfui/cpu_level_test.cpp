@@ -9,20 +9,10 @@
 namespace lmvx::perf {
 namespace {
 
-TEST(CpuLevel, BoundariesOfTheLevels) {
-    EXPECT_EQ(CpuLevelFromUsage(0), 0);
-    EXPECT_EQ(CpuLevelFromUsage(9), 0);
-    EXPECT_EQ(CpuLevelFromUsage(10), 1);
-    EXPECT_EQ(CpuLevelFromUsage(59), 5);
-    EXPECT_EQ(CpuLevelFromUsage(60), 6);
-    EXPECT_EQ(CpuLevelFromUsage(99), 9);
-    EXPECT_EQ(CpuLevelFromUsage(100), 10);
-}
-
-TEST(CpuLevel, UsageAboveFullShowsTheTopLevel) {
-    EXPECT_EQ(CpuLevelFromUsage(109), 10);
-    EXPECT_EQ(CpuLevelFromUsage(110), 10);
-    EXPECT_EQ(CpuLevelFromUsage(0xFFFFFFFFu), 10);
+TEST(CpuLevel, BoundariesOfTheLevelsAndAboveFullTheTopLevel) {
+    const std::pair<unsigned, int> cases[] = {{0, 0},   {9, 0},    {10, 1},   {59, 5},         {60, 6},
+                                              {99, 9}, {100, 10}, {109, 10}, {110, 10}, {0xFFFFFFFFu, 10}};
+    for (const auto& [usage, level] : cases) EXPECT_EQ(CpuLevelFromUsage(usage), level) << usage;
 }
 
 TEST(CpuLevel, LevelSixIsResource172BetweenFiveAndSeven) {

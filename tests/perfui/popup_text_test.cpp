@@ -5,31 +5,22 @@
 namespace lmvx::perf {
 namespace {
 
-TEST(MemoryPercent, UsedPhysicalFromTotalAndAvailable) {
-    EXPECT_EQ(UsedPhysicalPercent(8000000, 2000000), 75u);
-    EXPECT_EQ(UsedPhysicalPercent(8000000, 8000000), 0u);
-    EXPECT_EQ(UsedPhysicalPercent(8000000, 0), 100u);
-    // Integer arithmetic truncates the available share: 1/3 available shows 67 % used.
-    EXPECT_EQ(UsedPhysicalPercent(3000, 1000), 67u);
-}
-
-TEST(MemoryPercent, CommitShareOfTheLimit) {
-    EXPECT_EQ(CommitPercent(4000000, 16000000), 25u);
-    EXPECT_EQ(CommitPercent(0, 16000000), 0u);
-    EXPECT_EQ(CommitPercent(1000, 3000), 33u);
-}
-
-TEST(MemoryPercent, TotalsUnderTenKilobytesShowZeroInsteadOfDividingByZero) {
-    EXPECT_EQ(CommitPercent(5, 9), 0u);
-    EXPECT_EQ(CommitPercent(5, 0), 0u);
-    EXPECT_EQ(UsedPhysicalPercent(9, 3), 0u);
-    EXPECT_EQ(UsedPhysicalPercent(0, 0), 0u);
-    EXPECT_EQ(CommitPercent(10, 10), 100u);
-}
-
-TEST(MemoryPercent, PartLargerThanWholeNeverWraps) {
-    EXPECT_EQ(UsedPhysicalPercent(1000, 2000), 0u);
-    EXPECT_EQ(CommitPercent(2000, 1000), 100u);
+// Integer arithmetic: 1/3 available shows 67 % used; totals under ten kilobytes show 0 instead of dividing by
+// zero; a part larger than the whole never wraps.
+TEST(MemoryPercent, UsedPhysicalAndCommitShares) {
+    const struct {
+        unsigned a, b;
+        unsigned usedPhysical, commit;   // UsedPhysicalPercent(total a, available b), CommitPercent(total a, limit b)
+    } cases[] = {
+        {8000000, 2000000, 75, 100}, {8000000, 8000000, 0, 100}, {8000000, 0, 100, 0}, {3000, 1000, 67, 100},
+        {4000000, 16000000, 0, 25},  {0, 16000000, 0, 0},        {1000, 3000, 0, 33},  {5, 9, 0, 0},
+        {5, 0, 0, 0},                {9, 3, 0, 0},               {0, 0, 0, 0},         {10, 10, 0, 100},
+        {1000, 2000, 0, 50},         {2000, 1000, 50, 100},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(UsedPhysicalPercent(c.a, c.b), c.usedPhysical) << c.a << "/" << c.b;
+        EXPECT_EQ(CommitPercent(c.a, c.b), c.commit) << c.a << "/" << c.b;
+    }
 }
 
 TEST(MemoryPercent, MegabytesRoundDown) {

@@ -44,35 +44,30 @@ protected:
     HICON other_ = nullptr;
 };
 
-TEST_F(SysTrayIcon, ShowAddsTheIconAndDeleteRemovesIt) {
+TEST_F(SysTrayIcon, ShowAddsTheIconDeleteRemovesItAndThePictureIsKeptForTheNextShow) {
     UIP_SYSTRAYICON tray;
     ASSERT_EQ(tray.Init(owner_, icon_, L"Lumivex 2008", kIconId, kCallback), 1);
     EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
+    EXPECT_EQ(tray.SetIcon(other_), 1);
+    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId)) << "a picture alone shows nothing";
+    EXPECT_EQ(tray.GetIcon(), other_);
     EXPECT_EQ(tray.Show(), 1);
     EXPECT_EQ(tray.IsShown(), 1);
     EXPECT_TRUE(ShellHoldsIcon(owner_, kIconId));
     EXPECT_EQ(tray.Show(), 1) << "a second Show brings the shown icon up to date";
+    EXPECT_EQ(tray.SetIcon(icon_), 1);
+    EXPECT_EQ(tray.GetIcon(), icon_);
     EXPECT_EQ(tray.Delete(), 1);
     EXPECT_EQ(tray.IsShown(), 0);
     EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
 }
 
-TEST_F(SysTrayIcon, ADeletedIconKeepsThePictureForTheNextShow) {
-    UIP_SYSTRAYICON tray;
-    ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
-    EXPECT_EQ(tray.SetIcon(other_), 1);
-    EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));
-    EXPECT_EQ(tray.GetIcon(), other_);
-    ASSERT_EQ(tray.Show(), 1);
-    EXPECT_EQ(tray.SetIcon(icon_), 1);
-    EXPECT_EQ(tray.GetIcon(), icon_);
-}
-
-TEST_F(SysTrayIcon, ComesBackWhenTheTaskbarIsCreatedAgain) {
+// What a restarted shell sees: none of the old icons, then the broadcast. A shown icon comes back, a deleted
+// one stays away.
+TEST_F(SysTrayIcon, ComesBackWhenTheTaskbarIsCreatedAgainUnlessDeleted) {
     UIP_SYSTRAYICON tray;
     ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
     ASSERT_EQ(tray.Show(), 1);
-    // What a restarted shell sees: none of the old icons, then the broadcast.
     NOTIFYICONDATAW data{};
     data.cbSize = sizeof(data);
     data.hWnd = owner_;
@@ -82,12 +77,6 @@ TEST_F(SysTrayIcon, ComesBackWhenTheTaskbarIsCreatedAgain) {
     SendMessageW(tray.GetTaskbarListener(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
     EXPECT_TRUE(ShellHoldsIcon(owner_, kIconId));
     EXPECT_EQ(tray.IsShown(), 1);
-}
-
-TEST_F(SysTrayIcon, ADeletedIconStaysAwayWhenTheTaskbarIsCreatedAgain) {
-    UIP_SYSTRAYICON tray;
-    ASSERT_EQ(tray.Init(owner_, icon_, L"tip", kIconId, kCallback), 1);
-    ASSERT_EQ(tray.Show(), 1);
     ASSERT_EQ(tray.Delete(), 1);
     SendMessageW(tray.GetTaskbarListener(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
     EXPECT_FALSE(ShellHoldsIcon(owner_, kIconId));

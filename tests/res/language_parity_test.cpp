@@ -55,13 +55,11 @@ TEST(StringTable, StringsHaveNoOtherLanguages) {
         EXPECT_TRUE(language == kEnglish || language == kGerman) << "unexpected language " << language;
 }
 
-TEST(StringTable, GermanUmlautsSurviveTheResourceCompiler) {
-    EXPECT_EQ(StringsOfLanguage(kGerman)[IDS_PRIORITY_ABOVE_NORMAL], L"H\u00f6her als normal");
-    EXPECT_EQ(StringsOfLanguage(kGerman)[IDS_MENU_CLOSE_WINDOW], L"Fenster schlie\u00dfen");
-}
-
-TEST(StringTable, EnglishTextsKeepTheirEscapes) {
+TEST(StringTable, UmlautsAndEscapesSurviveTheResourceCompiler) {
     auto english = StringsOfLanguage(kEnglish);
+    auto german = StringsOfLanguage(kGerman);
+    EXPECT_EQ(german[IDS_PRIORITY_ABOVE_NORMAL], L"H\u00f6her als normal");
+    EXPECT_EQ(german[IDS_MENU_CLOSE_WINDOW], L"Fenster schlie\u00dfen");
     EXPECT_EQ(english[IDS_RATE_LOW], L"Low \t1 Second");
     EXPECT_EQ(english[IDS_DATE_FORMAT], L"%d/%d%/%d");
     EXPECT_EQ(english[IDS_ERR_CHANGE_PRIORITY], L"Lumivex could not change the process's priority.");
@@ -88,11 +86,13 @@ TEST(StringTable, GermanFormatsTakeTheSameArgumentsAsEnglish) {
         EXPECT_EQ(ConversionsOf(german[id]), ConversionsOf(text)) << "string " << id;
 }
 
-TEST(Dialogs, BothLanguagesDefineTheSameDialogs) {
-    auto ids = ResourceIdsByLanguage(RT_DIALOG);
-    ASSERT_FALSE(ids[kEnglish].empty());
-    EXPECT_EQ(ids[kEnglish], ids[kGerman]);
-    EXPECT_EQ(ids.size(), 2u);
+TEST(DialogsAndMenus, BothLanguagesDefineTheSameAndNoOthers) {
+    for (const wchar_t* type : {RT_DIALOG, RT_MENU}) {
+        auto ids = ResourceIdsByLanguage(type);
+        ASSERT_FALSE(ids[kEnglish].empty());
+        EXPECT_EQ(ids[kEnglish], ids[kGerman]);
+        EXPECT_EQ(ids.size(), 2u);
+    }
 }
 
 TEST(Dialogs, EachDialogPairHasTheSameControls) {
@@ -104,13 +104,6 @@ TEST(Dialogs, EachDialogPairHasTheSameControls) {
         EXPECT_EQ(english.cx, german.cx) << "dialog " << id;
         EXPECT_EQ(english.cy, german.cy) << "dialog " << id;
     }
-}
-
-TEST(Menus, BothLanguagesDefineTheSameMenus) {
-    auto ids = ResourceIdsByLanguage(RT_MENU);
-    ASSERT_FALSE(ids[kEnglish].empty());
-    EXPECT_EQ(ids[kEnglish], ids[kGerman]);
-    EXPECT_EQ(ids.size(), 2u);
 }
 
 // The program rebuilds popups by position, so position and command must match.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cwchar>
 #include <map>
 
 #include "module_resources.h"
@@ -79,17 +80,13 @@ TEST_P(MenuInLanguage, RebuiltPopupsSitWhereTheProgramLooksForThem) {
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, MenuInLanguage, ::testing::Values(kEnglish, kGerman));
 
-TEST(MnemonicOf, FindsTheKeyAfterTheAmpersand) {
-    EXPECT_EQ(MnemonicOf(L"&File"), L'f');
-    EXPECT_EQ(MnemonicOf(L"Sort by C&ompany Name"), L'o');
-    EXPECT_EQ(MnemonicOf(L"Fenster &schlie\u00dfen"), L's');
-}
-
-TEST(MnemonicOf, IgnoresLiteralAmpersandsAndAccelerators) {
-    EXPECT_EQ(MnemonicOf(L"Save && Quit"), 0);
-    EXPECT_EQ(MnemonicOf(L"A && &B"), L'b');
-    EXPECT_EQ(MnemonicOf(L"Low\t&1 Second"), 0);
-    EXPECT_EQ(MnemonicOf(L"trailing&"), 0);
+TEST(MnemonicOf, TheKeyAfterTheAmpersandNotLiteralAmpersandsOrAccelerators) {
+    const std::pair<const wchar_t*, wchar_t> cases[] = {
+        {L"&File", L'f'},       {L"Sort by C&ompany Name", L'o'}, {L"Fenster &schlie\u00dfen", L's'},
+        {L"Save && Quit", 0},   {L"A && &B", L'b'},               {L"Low\t&1 Second", 0},
+        {L"trailing&", 0},
+    };
+    for (const auto& [text, key] : cases) EXPECT_EQ(MnemonicOf(text), key) << std::string(text, text + std::wcslen(text));
 }
 
 }  // namespace

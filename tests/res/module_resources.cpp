@@ -1,6 +1,6 @@
 #include "module_resources.h"
 
-#include "resource_templates.h"
+#include "libs/finch/string_block.h"
 
 namespace lmvx::restest {
 namespace {
@@ -51,8 +51,10 @@ std::map<unsigned, std::wstring> StringsOfLanguage(LANGID language) {
     std::map<unsigned, std::wstring> strings;
     for (unsigned block : ResourceIds(RT_STRING, language)) {
         ResourceBytes bytes = FindResourceBytes(RT_STRING, block, language);
-        for (StringEntry& entry : ParseStringBlock(bytes.data, bytes.size, block))
-            strings[entry.id] = std::move(entry.text);
+        const finch::StringBlock texts = finch::ParseStringBlock(bytes.data, bytes.size);
+        for (unsigned slot = 0; slot < texts.size(); ++slot) {
+            if (!texts[slot].empty()) strings[finch::FirstStringIdOf(block) + slot] = texts[slot];
+        }
     }
     return strings;
 }

@@ -106,20 +106,6 @@ void CollectInto(const std::vector<MenuItem>& items, std::vector<unsigned>& ids)
 
 }  // namespace
 
-std::vector<StringEntry> ParseStringBlock(const void* data, std::size_t size, unsigned blockId) {
-    std::vector<StringEntry> entries;
-    if (blockId == 0) return entries;
-    ByteReader reader(data, size);
-    for (unsigned index = 0; index < 16; ++index) {
-        std::uint16_t length = reader.Word();
-        std::wstring text;
-        for (std::uint16_t i = 0; i < length && !reader.Failed(); ++i) text.push_back(static_cast<wchar_t>(reader.Word()));
-        if (reader.Failed()) break;
-        if (!text.empty()) entries.push_back({(blockId - 1) * 16 + index, std::move(text)});
-    }
-    return entries;
-}
-
 std::optional<DialogTemplate> ParseDialogTemplateEx(const void* data, std::size_t size) {
     constexpr std::uint32_t kSetFont = 0x40;  // DS_SETFONT, also part of DS_SHELLFONT
     ByteReader reader(data, size);

@@ -1,4 +1,4 @@
-// Readers for the binary forms of string tables, dialog templates and menu templates, so
+// Readers for the binary forms of dialog templates and menu templates, so
 // tests can compare what the resource compiler produced. Pure functions over bytes.
 #pragma once
 
@@ -9,14 +9,6 @@
 #include <vector>
 
 namespace lmvx::restest {
-
-struct StringEntry {
-    unsigned id = 0;
-    std::wstring text;
-};
-
-// Non-empty strings of one RT_STRING block; block ids start at 1 and hold 16 strings each.
-std::vector<StringEntry> ParseStringBlock(const void* data, std::size_t size, unsigned blockId);
 
 struct DialogControl {
     std::int32_t id = 0;

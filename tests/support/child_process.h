@@ -21,7 +21,7 @@ public:
             limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
             SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
         }
-        // The child's standard input is a pipe that stays open until CloseInput() or the end (the "wait" verb).
+        // The child's standard input is a pipe that stays open until CloseInput() or the end.
         SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
         HANDLE inputRead = nullptr;
         if (CreatePipe(&inputRead, &input_, &inheritable, 0)) SetHandleInformation(input_, HANDLE_FLAG_INHERIT, 0);
@@ -72,7 +72,7 @@ public:
     bool WaitForExit(DWORD milliseconds) const {
         return process_ && WaitForSingleObject(process_, milliseconds) == WAIT_OBJECT_0;
     }
-    // Closes the child's standard input: a child in "wait" without an event name then exits by itself.
+    // Closes the child's standard input: a child that waits for it then exits by itself.
     void CloseInput() {
         if (input_) CloseHandle(std::exchange(input_, nullptr));
     }

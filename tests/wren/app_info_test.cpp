@@ -2,40 +2,27 @@
 
 #include "wren.h"
 
-TEST(AppInfo, IdentityComesBackAsRegistered) {
+TEST(AppInfo, IdentityBuildInstanceAndSettingsKeyComeBackAsRegistered) {
     wren::SetAppInfo(L"Orvane Lumivex 5", L"Lumivex", L"5.0", 5001, L"lmvx");
     EXPECT_STREQ(wren::GetAppNameFull(), L"Orvane Lumivex 5");
     EXPECT_STREQ(wren::GetAppName(), L"Lumivex");
     EXPECT_STREQ(wren::GetAppCode(), L"lmvx");
     EXPECT_STREQ(wren::GetAppVersionText(), L"5.0");
     EXPECT_EQ(wren::GetAppVersionNumber(), 5001u);
-}
-
-TEST(AppInfo, BuildInformationComesBackAsRegistered) {
+    EXPECT_EQ(wren::PostInit(), 1);
+    EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\Lumivex\\Settings");
     wren::SetBuildInfo(L"Sep 21 2008", L"20:02:31", 8212);
     EXPECT_STREQ(wren::GetBuildDate(), L"Sep 21 2008");
     EXPECT_STREQ(wren::GetBuildTime(), L"20:02:31");
     EXPECT_EQ(wren::GetBuildNumber(), 8212u);
-}
-
-TEST(AppInfo, PostInitDerivesTheSettingsKeyFromTheApplicationName) {
-    wren::SetAppInfo(L"Orvane Lumivex 5", L"Lumivex", L"5.0", 5001, L"lmvx");
-    EXPECT_EQ(wren::PostInit(), 1);
-    EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\Lumivex\\Settings");
-}
-
-TEST(AppInfo, StoredInstanceComesBack) {
     HINSTANCE self = GetModuleHandleW(nullptr);
     wren::SetStoredInstance(self);
     EXPECT_EQ(wren::GetStoredInstance(), self);
 }
 
-TEST(AppInfo, A64BitProcessIsNotUnderWow64) {
+TEST(OsChecks, AgreeWithTheVersionKernel32ReportsAndA64BitProcessIsNotUnderWow64) {
     static_assert(sizeof(void*) == 8, "these tests are built as 64-bit programs");
     EXPECT_EQ(wren::IsProcessInWow64(), 0);
-}
-
-TEST(OsChecks, AgreeWithTheVersionKernel32Reports) {
     // GetVersionEx may understate a newer Windows for programs without a manifest, but never across
     // the lines these checks draw.
     OSVERSIONINFOW version{};

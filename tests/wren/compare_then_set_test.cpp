@@ -22,17 +22,14 @@ protected:
     HWND edit_ = CreateChild(parent_.get(), L"EDIT", kEditId, ES_AUTOHSCROLL, L"4 Processes");
 };
 
-TEST_F(DialogItemText, EqualTextIsNotWrittenAgain) {
+TEST_F(DialogItemText, EqualTextIsNotWrittenAgainADifferentOneOnceAndAMissingControlFails) {
     MessageCounter setText(edit_, WM_SETTEXT);
     EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId, L"4 Processes"), 1);
     EXPECT_EQ(setText.Seen(), 0);
-}
-
-TEST_F(DialogItemText, DifferentTextIsWrittenOnce) {
-    MessageCounter setText(edit_, WM_SETTEXT);
     EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId, L"5 Processes"), 1);
     EXPECT_EQ(setText.Seen(), 1);
     EXPECT_EQ(TextOf(edit_), L"5 Processes");
+    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId + 1, L"text"), 0);
 }
 
 TEST_F(DialogItemText, LongEqualTextIsComparedInFull) {
@@ -55,10 +52,6 @@ TEST_F(DialogItemText, EmptyAndNullTextClearTheControl) {
     MessageCounter setText(edit_, WM_SETTEXT);
     wren::SetDlgItemTextW(parent_.get(), kEditId, L"");
     EXPECT_EQ(setText.Seen(), 0);
-}
-
-TEST_F(DialogItemText, MissingControlFails) {
-    EXPECT_EQ(wren::SetDlgItemTextW(parent_.get(), kEditId + 1, L"text"), 0);
 }
 
 class ListViewText : public ::testing::Test {
@@ -91,7 +84,7 @@ protected:
     HWND listView_ = nullptr;
 };
 
-TEST_F(ListViewText, EveryCallWritesTheCellOnce) {
+TEST_F(ListViewText, EveryCallWritesTheCellOnceWholeAndAMissingRowFails) {
     // The caller keeps its own copy of the cells and decides what changed: an equal text is written too.
     MessageCounter setItemText(listView_, LVM_SETITEMTEXTW);
     MessageCounter getItemText(listView_, LVM_GETITEMTEXTW);
@@ -101,16 +94,12 @@ TEST_F(ListViewText, EveryCallWritesTheCellOnce) {
     EXPECT_EQ(getItemText.Seen(), 0) << "no read-back";
     EXPECT_EQ(Cell(1), L"12,346 K");
     EXPECT_EQ(Cell(0), L"explorer.exe") << "other cells untouched";
-}
-
-TEST_F(ListViewText, LongAndNullTextsAreWrittenWhole) {
-    const std::wstring path = L"C:\\" + std::wstring(700, L'p') + L"\\app.exe";
+    const std::wstring path = L"C:\\" + std::wstring(700, L'p') + L"\\app.exe";   // long texts are written whole
     EXPECT_EQ(wren::ListViewSetItemText(listView_, 0, 1, path.c_str()), 1);
     EXPECT_EQ(Cell(1), path);
     EXPECT_EQ(wren::ListViewSetItemText(listView_, 0, 1, nullptr), 1);
     EXPECT_EQ(Cell(1), L"");
+    EXPECT_EQ(wren::ListViewSetItemText(listView_, 5, 0, L"x"), 0) << "a row that does not exist";
 }
-
-TEST_F(ListViewText, RowThatDoesNotExistFails) { EXPECT_EQ(wren::ListViewSetItemText(listView_, 5, 0, L"x"), 0); }
 
 }  // namespace

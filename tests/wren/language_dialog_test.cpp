@@ -14,74 +14,55 @@ protected:
     void SetUp() override { wren::LoadLangSettings(); }
     void TearDown() override { wren::LoadLangSettings(); }
 
+    // Runs the dialog while a user acts on it, and returns the dialog's result.
+    static int Answer(int (*dialog)(HWND), const DialogDriver::Action& act) {
+        DialogDriver user(act);
+        const int result = dialog(nullptr);
+        EXPECT_TRUE(user.Acted());
+        return result;
+    }
+    static DialogDriver::Action Choose(int button, int closeWith = IDOK) {
+        return [=](HWND dialog) {
+            Click(dialog, button);
+            Click(dialog, closeWith);
+        };
+    }
+
     ScopedTestApplication application_{L"WrenLanguageDialogTests"};
 };
 
-TEST_F(LanguageDialogs, FirstStartChoiceOfDeutschIsStoredAndUsed) {
+TEST_F(LanguageDialogs, FirstStartChoiceIsStoredAndUsedAndClosingWithoutOneStoresNothing) {
     ASSERT_EQ(wren::LoadLangSettings(), 0);
+    EXPECT_EQ(Answer(wren::SelectLanguageDialog, [](HWND dialog) { SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0); }), 0);
+    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
+    EXPECT_FALSE(ReadRawValue(L"LanguageID").exists);
+    EXPECT_EQ(wren::LoadLangSettings(), 0);
+
     std::wstring englishName, germanName;
-    int result = 0;
-    {
-        DialogDriver user([&](HWND dialog) {
-            englishName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_ENGLISH));
-            germanName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_GERMAN));
-            Click(dialog, IDC_WREN_LANGUAGE_GERMAN);
-            Click(dialog, IDOK);
-        });
-        result = wren::SelectLanguageDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 1);
+    EXPECT_EQ(Answer(wren::SelectLanguageDialog, [&](HWND dialog) {
+                  englishName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_ENGLISH));
+                  germanName = WindowText(GetDlgItem(dialog, IDC_WREN_LANGUAGE_GERMAN));
+                  Choose(IDC_WREN_LANGUAGE_GERMAN)(dialog);
+              }), 1);
     EXPECT_EQ(englishName, L"English");
     EXPECT_EQ(germanName, L"Deutsch");
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageGerman);
     EXPECT_EQ(wren::regOptions.GetOptionDWORD(L"LanguageID", 0), wren::kLanguageGerman);
     EXPECT_EQ(wren::LoadLangSettings(), 1) << "the next start finds the choice";
-}
 
-TEST_F(LanguageDialogs, FirstStartChoiceOfEnglishIsStored) {
-    int result = 0;
-    {
-        DialogDriver user([](HWND dialog) {
-            Click(dialog, IDC_WREN_LANGUAGE_ENGLISH);
-            Click(dialog, IDOK);
-        });
-        result = wren::SelectLanguageDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 1);
+    EXPECT_EQ(Answer(wren::SelectLanguageDialog, Choose(IDC_WREN_LANGUAGE_ENGLISH)), 1);
     EXPECT_EQ(wren::regOptions.GetOptionDWORD(L"LanguageID", 0), wren::kLanguageEnglish);
-}
-
-TEST_F(LanguageDialogs, FirstStartDialogClosedWithoutChoiceStoresNothing) {
-    int result = 1;
-    {
-        DialogDriver user([](HWND dialog) { SendMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
-        result = wren::SelectLanguageDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
-    EXPECT_FALSE(ReadRawValue(L"LanguageID").exists);
-    EXPECT_EQ(wren::LoadLangSettings(), 0);
 }
 
 TEST_F(LanguageDialogs, SettingsChangeIsStoredForTheNextStartOnly) {
     wren::SetCurrentLangID(wren::kLanguageEnglish);
     bool englishWasPreselected = false;
     std::wstring caption;
-    int result = 0;
-    {
-        DialogDriver user([&](HWND dialog) {
-            englishWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_ENGLISH) == BST_CHECKED;
-            caption = WindowText(dialog);
-            Click(dialog, IDC_WREN_LANGUAGE_GERMAN);
-            Click(dialog, IDOK);
-        });
-        result = wren::LanguageSettingsDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 1);
+    EXPECT_EQ(Answer(wren::LanguageSettingsDialog, [&](HWND dialog) {
+                  englishWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_ENGLISH) == BST_CHECKED;
+                  caption = WindowText(dialog);
+                  Choose(IDC_WREN_LANGUAGE_GERMAN)(dialog);
+              }), 1);
     EXPECT_TRUE(englishWasPreselected);
     EXPECT_EQ(caption, L"Language Settings");
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish) << "the running program keeps its language";
@@ -90,36 +71,19 @@ TEST_F(LanguageDialogs, SettingsChangeIsStoredForTheNextStartOnly) {
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageGerman);
 }
 
-TEST_F(LanguageDialogs, SettingsDialogSpeaksGermanAndCancelChangesNothing) {
+TEST_F(LanguageDialogs, SettingsDialogSpeaksGermanAndCancelOrTheSameLanguageChangesNothing) {
     wren::SetCurrentLangID(wren::kLanguageGerman);
     bool germanWasPreselected = false;
     std::wstring caption;
-    int result = 1;
-    {
-        DialogDriver user([&](HWND dialog) {
-            germanWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_GERMAN) == BST_CHECKED;
-            caption = WindowText(dialog);
-            Click(dialog, IDC_WREN_LANGUAGE_ENGLISH);
-            Click(dialog, IDCANCEL);
-        });
-        result = wren::LanguageSettingsDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 0);
+    EXPECT_EQ(Answer(wren::LanguageSettingsDialog, [&](HWND dialog) {
+                  germanWasPreselected = IsDlgButtonChecked(dialog, IDC_WREN_LANGUAGE_GERMAN) == BST_CHECKED;
+                  caption = WindowText(dialog);
+                  Choose(IDC_WREN_LANGUAGE_ENGLISH, IDCANCEL)(dialog);
+              }), 0);
     EXPECT_TRUE(germanWasPreselected);
     EXPECT_EQ(caption, L"Spracheinstellungen");
     EXPECT_EQ(wren::regOptions.GetOptionDWORD(L"LanguageID", 0), wren::kLanguageGerman);
-}
-
-TEST_F(LanguageDialogs, ConfirmingTheSameLanguageIsNoChange) {
-    wren::SetCurrentLangID(wren::kLanguageGerman);
-    int result = 1;
-    {
-        DialogDriver user([](HWND dialog) { Click(dialog, IDOK); });
-        result = wren::LanguageSettingsDialog(nullptr);
-        EXPECT_TRUE(user.Acted());
-    }
-    EXPECT_EQ(result, 0);
+    EXPECT_EQ(Answer(wren::LanguageSettingsDialog, [](HWND dialog) { Click(dialog, IDOK); }), 0);
     EXPECT_EQ(wren::regOptions.GetOptionDWORD(L"LanguageID", 0), wren::kLanguageGerman);
 }
 

@@ -15,43 +15,29 @@ protected:
     ScopedTestApplication application_{L"WrenLanguageTests"};
 };
 
-TEST_F(LanguageSettings, WithoutAStoredChoiceTheLanguageIsEnglish) {
+TEST_F(LanguageSettings, EnglishWithoutAChoiceAndEachSupportedChoiceStoredAsADwordAndLoaded) {
     EXPECT_EQ(wren::LoadLangSettings(), 0);
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
-}
-
-TEST_F(LanguageSettings, AChoiceIsStoredAsADword) {
     ASSERT_EQ(wren::SetCurrentLangID(wren::kLanguageGerman), 1);
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageGerman);
     const RawValue stored = ReadRawValue(L"LanguageID");
     ASSERT_TRUE(stored.exists);
     EXPECT_EQ(stored.type, static_cast<DWORD>(REG_DWORD));
     EXPECT_EQ(wren::regOptions.GetOptionDWORD(L"LanguageID", 0), wren::kLanguageGerman);
-}
-
-TEST_F(LanguageSettings, AStoredChoiceIsLoaded) {
-    ASSERT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
-    wren::regOptions.SetOptionDWORD(L"LanguageID", wren::kLanguageGerman);
+    wren::SetCurrentLangID(wren::kLanguageEnglish);   // switching back persists too
+    EXPECT_EQ(wren::LoadLangSettings(), 1);
+    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
+    wren::regOptions.SetOptionDWORD(L"LanguageID", wren::kLanguageGerman);   // stored by someone else
     EXPECT_EQ(wren::LoadLangSettings(), 1);
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageGerman);
 }
 
-TEST_F(LanguageSettings, SwitchingBackToEnglishAlsoPersists) {
-    wren::SetCurrentLangID(wren::kLanguageGerman);
-    wren::SetCurrentLangID(wren::kLanguageEnglish);
-    EXPECT_EQ(wren::LoadLangSettings(), 1);
-    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
-}
-
-TEST_F(LanguageSettings, AnUnsupportedStoredLanguageCountsAsNoChoice) {
-    wren::regOptions.SetOptionDWORD(L"LanguageID", 0x040c);   // French
-    EXPECT_EQ(wren::LoadLangSettings(), 0);
-    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
-}
-
-TEST_F(LanguageSettings, AnUnsupportedLanguageIsNotStored) {
-    EXPECT_EQ(wren::SetCurrentLangID(0x040c), 0);
+TEST_F(LanguageSettings, AnUnsupportedLanguageIsNeitherStoredNorLoaded) {
+    EXPECT_EQ(wren::SetCurrentLangID(0x040c), 0);   // French
     EXPECT_FALSE(ReadRawValue(L"LanguageID").exists);
+    EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
+    wren::regOptions.SetOptionDWORD(L"LanguageID", 0x040c);
+    EXPECT_EQ(wren::LoadLangSettings(), 0);
     EXPECT_EQ(wren::GetCurrentLangID(), wren::kLanguageEnglish);
 }
 

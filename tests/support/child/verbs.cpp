@@ -87,15 +87,8 @@ int SpawnVerb(Arguments arguments) {
     return static_cast<int>(exitCode);
 }
 
-// wait [event name]: until the named event is signalled, or without a name until standard input closes.
-int WaitVerb(Arguments arguments) {
-    if (!arguments.empty()) {
-        HANDLE event = OpenEventW(SYNCHRONIZE, FALSE, arguments[0]);
-        if (!event) return ExitFailed;
-        WaitForSingleObject(event, INFINITE);
-        CloseHandle(event);
-        return 0;
-    }
+// Until standard input closes (ChildProcess::CloseInput or the test's end).
+int WaitForInputToClose() {
     HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
     char buffer[256];
     DWORD read = 0;
@@ -218,7 +211,7 @@ int MemoryVerb(Arguments arguments) {
     DWORD written = 0;
     WriteFile(file, line, static_cast<DWORD>(length), &written, nullptr);
     CloseHandle(file);
-    return WaitVerb({});
+    return WaitForInputToClose();
 }
 
 // listen <file>: opens a TCP listener on 127.0.0.1, writes its port (UTF-16 digits) to the file and holds the
@@ -241,7 +234,7 @@ int ListenVerb(Arguments arguments) {
     int optionLength = sizeof keepAlive;
     getsockopt(listener, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&keepAlive), &optionLength);
     if (!WriteWholeFile(arguments[0], std::to_wstring(ntohs(address.sin_port)))) return ExitFailed;
-    return WaitVerb({});
+    return WaitForInputToClose();
 }
 
 // windows [--minimized] <title>...: one top-level window per title ("" gives one without a title), the first
@@ -282,7 +275,6 @@ constexpr VerbEntry VerbTable[] = {
     {L"burn", BurnVerb, L"burn <ms>"},
     {L"threads", ThreadsVerb, L"threads <n> <ms>"},
     {L"spawn", SpawnVerb, L"spawn <verb> <args...>"},
-    {L"wait", WaitVerb, L"wait [event name]"},
     {L"note", NoteVerb, L"note <file> <ms> [anything...]"},
     {L"environment", EnvironmentVerb, L"environment <file> <ms>"},
     {L"sockets", SocketsVerb, L"sockets <file> <event>"},
