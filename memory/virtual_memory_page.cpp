@@ -123,8 +123,7 @@ BOOL OnInitDialog(HWND page, LPARAM initParam) {
     SetWindowLongPtrW(page, DWLP_USER, reinterpret_cast<LONG_PTR>(fonts.release()));
     DecorateButton(page, IDOK, IDI_MEMORY);
     SetDlgItemTextW(page, IDC_MEM_ADDRESS, L"0x00400000");
-    FillAddressList64(GetDlgItem(page, IDC_MEM_ADDRESS), context->pid);
-    ArmRefreshTimer(page);
+    ArmRefreshTimer(page);   // the address list is filled when the page is first shown
     return TRUE;
 }
 
@@ -155,6 +154,8 @@ INT_PTR CALLBACK VirtualMemoryPageProc(HWND page, UINT message, WPARAM wParam, L
     switch (message) {
     case WM_INITDIALOG: return OnInitDialog(page, lParam);
     case WM_SHOWWINDOW:
+        if (IsFirstShowing(page, wParam) && PageContext(page))
+            FillAddressList64(GetDlgItem(page, IDC_MEM_ADDRESS), PageContext(page)->pid);
         if (wParam) ShowAddress(page);
         return FALSE;
     case WM_COMMAND: OnCommand(page, LOWORD(wParam)); return TRUE;

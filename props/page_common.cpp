@@ -16,10 +16,6 @@ std::wstring LangText(unsigned stringId) { return UIL_LangModule.GetLangString(s
 
 void SetBoldTitle(HWND page) { APIP_SetWindowFont(GetDlgItem(page, IDC_PAGES_TITLE), APIP_hFontBold, TRUE); }
 
-void SetFieldIfChanged(HWND page, int controlId, const std::wstring& text) {
-    wren::SetDlgItemTextW(page, controlId, text.c_str());
-}
-
 std::wstring DurationText(const SYSTEMTIME& duration, bool withMilliseconds) {
     const DurationDays days = DurationDaysOf(duration.wDay);
     const std::wstring dayText = days.textId ? FormatText(LangText(days.textId).c_str(), days.count) : L"";

@@ -1,5 +1,5 @@
 // Window helpers the information pages share: texts from the language module, formatted texts, the bold
-// title, compare-then-set fields, duration texts, the process header and the end of a page on an error.
+// title, duration texts, the process header and the end of a page on an error.
 #pragma once
 #include "common/format_text.h"
 #include <windows.h>
@@ -15,8 +15,6 @@ namespace lmvx {
 std::wstring LangText(unsigned stringId);
 
 void SetBoldTitle(HWND page);
-// Writes the field only when its text differs (no flicker at ten updates a second).
-void SetFieldIfChanged(HWND page, int controlId, const std::wstring& text);
 
 // A packed duration as "<day text> hh:mm:ss", or with milliseconds "<day text> hh:mm:ss.mmm".
 std::wstring DurationText(const SYSTEMTIME& duration, bool withMilliseconds);

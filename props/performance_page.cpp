@@ -60,7 +60,7 @@ void UpdateIo(HWND page, const Record& record) {
 void UpdateFields(HWND page, const kestrel::TL_PROCESSLIST& list, int item) {
     const unsigned usage = list.GetItemCPUUsage(item);
     SetFieldIfChanged(page, IDC_PERF_CPU_USAGE, FormatText(L"%d %%", usage));
-    SendDlgItemMessageW(page, IDC_PERF_CPU_BAR, PBM_SETPOS, usage, 0);
+    SetBarIfChanged(page, IDC_PERF_CPU_BAR, usage);
     SetFieldIfChanged(page, IDC_PERF_PRIORITY, PriorityText(list.GetItemProcessPriority(item)));
     if (IsKnownCreationTime(list.GetItemCreationTime(item)))
         SetFieldIfChanged(page, IDC_PERF_RUNTIME, DurationText(list.GetItemRuntime(item), false));

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <string>
 
 #include "kestrel.h"
 
@@ -22,6 +23,11 @@ struct PollingPage {
 // Bold title and bold fields, and the two section icons: CPU for the first section, memory for the second
 // (secondIconId).
 void SetUpPollingPage(HWND page, std::initializer_list<int> boldIds, int secondIconId);
+
+// Writes the field only when its text differs (no flicker at ten updates a second).
+void SetFieldIfChanged(HWND page, int controlId, const std::wstring& text);
+// Moves the bar only when its position differs.
+void SetBarIfChanged(HWND page, int controlId, unsigned position);
 
 // Starts the poll; the first update comes at once.
 void StartPolling(HWND page);

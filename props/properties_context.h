@@ -48,4 +48,13 @@ inline ProcessPropertiesContext* KeepPageContext(HWND page, LPARAM initParam) {
     return reinterpret_cast<ProcessPropertiesContext*>(initParam);
 }
 
+// True once: at the WM_SHOWWINDOW that first shows the page. A page reads what is slow to read there, so
+// that opening the window does not wait for it; the page shows it from its first appearance.
+inline bool IsFirstShowing(HWND page, WPARAM shown) {
+    constexpr wchar_t kShownProperty[] = L"LumivexPageShown";
+    if (!shown || GetPropW(page, kShownProperty)) return false;
+    SetPropW(page, kShownProperty, reinterpret_cast<HANDLE>(1));   // the window frees it when destroyed
+    return true;
+}
+
 }  // namespace lmvx

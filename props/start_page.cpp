@@ -136,10 +136,8 @@ INT_PTR OnInitDialog(HWND page, LPARAM initParam) {
         SetDlgItemTextW(page, IDC_START_COMMAND_LINE, statics->GetCommandLineW());
     FillParent(page, *state, list, item);
     SetDlgItemTextW(page, IDC_START_TIME, StartTimeText(list.GetItemCreationTime(item)).c_str());
-    HWND environment = GetDlgItem(page, IDC_START_ENVIRONMENT);
-    SetUpEnvironmentList(environment);
-    FillEnvironment(environment, context->pid);
-    KeepPageState(page, std::move(state));
+    SetUpEnvironmentList(GetDlgItem(page, IDC_START_ENVIRONMENT));
+    KeepPageState(page, std::move(state));   // the environment is read when the page is first shown
     return TRUE;
 }
 
@@ -148,6 +146,10 @@ INT_PTR OnInitDialog(HWND page, LPARAM initParam) {
 INT_PTR CALLBACK StartPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITDIALOG: return OnInitDialog(page, lParam);
+    case WM_SHOWWINDOW:
+        if (IsFirstShowing(page, wParam) && PageContext(page))
+            FillEnvironment(GetDlgItem(page, IDC_START_ENVIRONMENT), PageContext(page)->pid);
+        return FALSE;
     case WM_COMMAND: return EndPageOnCloseCommand(page, wParam);
     case WM_DRAWITEM: return DrawPageOwnerItem(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
     case WM_NCDESTROY: FreePageState<StartPageState>(page); return FALSE;

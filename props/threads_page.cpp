@@ -95,7 +95,6 @@ BOOL OnInitDialog(HWND page, LPARAM lParam) {
         SendDlgItemMessageW(page, button, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(SmallSharedIcon(icon)));
     }
     ShowPane(page, IDC_THREADS_SHOW_PERFORMANCE);
-    context->threadList.QueryThreadList(context->pid);
     SetTimer(page, kThreadsRefreshTimer, kThreadsHiddenIntervalMs, nullptr);   // the list fills at the first tick
     return TRUE;
 }

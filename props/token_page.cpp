@@ -93,26 +93,32 @@ INT_PTR OnInitDialog(HWND page, LPARAM initParam) {
     HWND groups = GetDlgItem(page, IDC_TOKEN_GROUPS);
     HWND privileges = GetDlgItem(page, IDC_TOKEN_PRIVILEGES);
     SetUpLists(groups, privileges);
-    const TokenReport token = ReadProcessToken(context->pid);
-    if (!token.opened) return TRUE;   // the fields and lists stay empty
-    SetDlgItemTextW(page, IDC_TOKEN_SESSION, token.session.c_str());
-    SetDlgItemTextW(page, IDC_TOKEN_USER, token.user.c_str());
-    SetDlgItemTextW(page, IDC_TOKEN_SID, token.sid.c_str());
-    FillLists(groups, privileges, token);
     return TRUE;
 }
 
-INT_PTR OnShowWindow(HWND page) {
-    if (!PageContext(page)) return EndPageWithMessage(page, IDS_UNEXPECTED_ERROR, MB_ICONERROR);
+// The token is read once, when the page is first shown (the account and privilege look-ups are slow).
+void FillToken(HWND page, unsigned pid) {
+    const TokenReport token = ReadProcessToken(pid);
+    if (!token.opened) return;   // the fields and lists stay empty
+    SetDlgItemTextW(page, IDC_TOKEN_SESSION, token.session.c_str());
+    SetDlgItemTextW(page, IDC_TOKEN_USER, token.user.c_str());
+    SetDlgItemTextW(page, IDC_TOKEN_SID, token.sid.c_str());
+    FillLists(GetDlgItem(page, IDC_TOKEN_GROUPS), GetDlgItem(page, IDC_TOKEN_PRIVILEGES), token);
+}
+
+INT_PTR OnShowWindow(HWND page, WPARAM shown) {
+    const ProcessPropertiesContext* context = PageContext(page);
+    if (!context) return EndPageWithMessage(page, IDS_UNEXPECTED_ERROR, MB_ICONERROR);
+    if (IsFirstShowing(page, shown)) FillToken(page, context->pid);
     return FALSE;
 }
 
 }  // namespace
 
-INT_PTR CALLBACK TokenPageProc(HWND page, UINT message, WPARAM, LPARAM lParam) {
+INT_PTR CALLBACK TokenPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_INITDIALOG: return OnInitDialog(page, lParam);
-    case WM_SHOWWINDOW: return OnShowWindow(page);
+    case WM_SHOWWINDOW: return OnShowWindow(page, wParam);
     case WM_DRAWITEM: return DrawPageOwnerItem(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
     }
     return FALSE;

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <commctrl.h>
+#include <aclapi.h>
+#include <sddl.h>
+#include <tlhelp32.h>
 
 #include <memory>
 
@@ -59,6 +62,27 @@ protected:
 
 std::unique_ptr<mainwnd_test::ScopedHostedProgram> PropertiesWindowTest::program_;
 
+std::vector<std::wstring> PageLabels(HWND frame) {
+    std::vector<std::wstring> labels;
+    const auto items = props_test::ReadPageTree(GetDlgItem(frame, IDC_PROPERTIES_TREE));
+    for (size_t i = 1; i < items.size(); ++i) labels.push_back(items[i].text);
+    return labels;
+}
+
+// Gives the process a DACL that refuses PROCESS_QUERY_INFORMATION to everyone and allows the rest.
+bool RefuseQueryInformation(HANDLE process) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    BOOL present = FALSE, defaulted = FALSE;
+    PACL dacl = nullptr;
+    const bool refused = ConvertStringSecurityDescriptorToSecurityDescriptorW(
+                             L"D:(D;;0x400;;;WD)(A;;0x1FFFFF;;;WD)", SDDL_REVISION_1, &descriptor, nullptr) &&
+                         GetSecurityDescriptorDacl(descriptor, &present, &dacl, &defaulted) &&
+                         SetSecurityInfo(process, SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                         dacl, nullptr) == ERROR_SUCCESS;
+    LocalFree(descriptor);
+    return refused;
+}
+
 TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelectedOne) {
     HWND frame = OpenProperties();
     ASSERT_NE(frame, nullptr);
@@ -66,13 +90,15 @@ TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelected
     EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 1; }, kLimitMs));
     EXPECT_NE(lmvx_test::WindowText(frame).find(L"lmvx_test_child.exe"), std::wstring::npos);
 
+    EXPECT_EQ(PageLabels(frame), (std::vector<std::wstring>{L"General", L"Start", L"Performance", L"Memory",
+                                                            L"Virtual Memory", L"Handles", L"Files", L"Network",
+                                                            L"Modules", L"Strings", L"Threads", L"Token"}));
     HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
     const auto items = props_test::ReadPageTree(tree);
     ASSERT_FALSE(items.empty());
     EXPECT_EQ(items[0].text, L"lmvx_test_child.exe");
     EXPECT_EQ(items[0].page, nullptr);
     for (size_t i = 1; i < items.size(); ++i) {
-        EXPECT_GT(items[i].image, items[i - 1].image) << "tree positions ascend";
         EXPECT_EQ(GetParent(items[i].page), frame);
         TreeView_SelectItem(tree, items[i].item);
         const auto visible = props_test::VisiblePages(frame);
@@ -83,6 +109,20 @@ TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelected
         TreeView_SelectItem(tree, items[0].item);   // the root holds no page: the last one stays
         EXPECT_EQ(props_test::VisiblePages(frame), std::vector<HWND>{items.back().page});
     }
+}
+
+TEST_F(PropertiesWindowTest, LeavesOutThePagesThatNeedQueryAccessWhenTheProcessRefusesIt) {
+    ASSERT_TRUE(RefuseQueryInformation(child_.Handle()));
+    ASSERT_EQ(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, child_.Pid()), nullptr) << "query access still granted";
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, child_.Pid());
+    const bool modules = snapshot != INVALID_HANDLE_VALUE;
+    if (modules) CloseHandle(snapshot);
+
+    HWND frame = OpenProperties();
+    ASSERT_NE(frame, nullptr);
+    std::vector<std::wstring> expected{L"General", L"Start", L"Performance", L"Memory", L"Network", L"Threads"};
+    if (modules) expected.insert(expected.end() - 1, L"Modules");
+    EXPECT_EQ(PageLabels(frame), expected);
 }
 
 TEST_F(PropertiesWindowTest, TellsTheExitCodeOnceTheProcessHasEnded) {
