@@ -32,8 +32,10 @@ start)
     # Keep one process on the desktop for the whole session. Without one, Wine closes the desktop a second
     # after each test program ends, and the next program must start it again; on a loaded machine that takes
     # longer than Wine waits for it, and that program then cannot create a single window.
-    { sleep 2147483647 & echo $! >"$state/desktop-holder.pid"; wait; } </dev/null 2>/dev/null |
-        wine cmd >/dev/null 2>&1 &
+    if ! { [ -f "$state/desktop-holder.pid" ] && kill -0 "$(cat "$state/desktop-holder.pid")" 2>/dev/null; }; then
+        { sleep 2147483647 & echo $! >"$state/desktop-holder.pid"; wait; } </dev/null 2>/dev/null |
+            wine cmd >/dev/null 2>&1 &
+    fi
     ;;
 stop)
     if [ -f "$state/desktop-holder.pid" ]; then
