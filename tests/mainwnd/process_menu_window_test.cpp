@@ -34,7 +34,7 @@ LRESULT CALLBACK AnswerNoticeClick(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-constexpr DWORD kRowWaitMs = 20000;
+constexpr DWORD kRowWaitMs = 60000;
 
 const SeenItem* Find(const std::vector<SeenItem>& items, UINT id) {
     const auto found = std::find_if(items.begin(), items.end(), [&](const SeenItem& i) { return i.id == id; });

@@ -109,7 +109,7 @@ protected:
 TEST_F(RefreshCycleTest, CycleRunsItsStepsInOrderAfterTheProviderUpdate) {
     const unsigned updatesBefore = provider_.GetUpdateCount();
     StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
     cycle_.Stop();
     std::lock_guard guard(log_.lock);
     EXPECT_GT(log_.updatesSeenBySampler, updatesBefore);
@@ -124,7 +124,7 @@ TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViews) {
     proclist::ProcessListView list;
     ASSERT_TRUE(list.Attach(window_.List(), provider_));
     StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
     cycle_.Stop();
     std::lock_guard guard(log_.lock);
     for (DWORD thread : log_.viewThreads) EXPECT_EQ(thread, GetCurrentThreadId());
@@ -136,7 +136,7 @@ TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
     SetForegroundWindow(window_.Get());
     if (GetForegroundWindow() != window_.Get()) GTEST_SKIP() << "this display does not let the test take the foreground";
     StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 20000));
+    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
     cycle_.Stop();
     std::lock_guard guard(log_.lock);
     for (DWORD thread : log_.viewThreads) EXPECT_NE(thread, GetCurrentThreadId());
@@ -145,17 +145,17 @@ TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
 TEST_F(RefreshCycleTest, HiddenWindowKeepsSamplingWithoutViewRefresh) {
     ShowWindow(window_.Get(), SW_HIDE);
     StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 3; }, 20000));
+    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 3; }, 60000));
     cycle_.Stop();
     EXPECT_EQ(log_.ViewRefreshes(), 0u);
 }
 
 TEST_F(RefreshCycleTest, ThreadEndsByItselfWhenTheMainWindowIsDestroyed) {
     StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 1; }, 20000));
+    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 1; }, 60000));
     window_.SetHandlers(nullptr);
     window_.Destroy();
-    EXPECT_TRUE(PumpUntil([this] { return cycle_.HasThreadEnded(); }, 20000));
+    EXPECT_TRUE(PumpUntil([this] { return cycle_.HasThreadEnded(); }, 60000));
 }
 
 // The four timers: set by the start; the re-arm timer sets itself again, the pane's timer runs its hook and
