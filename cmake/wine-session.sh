@@ -29,8 +29,19 @@ start)
     wineserver -p </dev/null >/dev/null 2>&1 &
     # Bring Wine's background services up now, detached from the caller's output.
     wine cmd /c exit </dev/null >/dev/null 2>&1 || true
+    # Keep one process on the desktop for the whole session. Without one, Wine closes the desktop a second
+    # after each test program ends, and the next program must start it again; on a loaded machine that takes
+    # longer than Wine waits for it, and that program then cannot create a single window.
+    if ! { [ -f "$state/desktop-holder.pid" ] && kill -0 "$(cat "$state/desktop-holder.pid")" 2>/dev/null; }; then
+        { sleep 2147483647 & echo $! >"$state/desktop-holder.pid"; wait; } </dev/null 2>/dev/null |
+            wine cmd >/dev/null 2>&1 &
+    fi
     ;;
 stop)
+    if [ -f "$state/desktop-holder.pid" ]; then
+        kill "$(cat "$state/desktop-holder.pid")" 2>/dev/null || true
+        rm -f "$state/desktop-holder.pid"
+    fi
     wineserver -k </dev/null >/dev/null 2>&1 || true
     if [ -f "$state/xvfb.pid" ]; then
         kill "$(cat "$state/xvfb.pid")" 2>/dev/null || true

@@ -34,6 +34,8 @@ const wchar_t* HeaderText(const ColumnSpec& column) {
 
 // Posted to the control by the gate's holder when a refresh of the UI thread had to give way to it.
 constexpr UINT kRetryRefreshMessage = WM_APP + 0x101;
+// Sent to the control by a refresh holding the gate: copy the provider's icons on the control's thread.
+constexpr UINT kCopyIconsMessage = WM_APP + 0x102;
 
 // Rows a refresh must add before the control stops drawing until the refresh is done.
 constexpr int kRowsWorthARedrawPause = 16;
@@ -64,6 +66,7 @@ ProcessListView::~ProcessListView() {
             SetWindowLongPtrW(listView_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousListProc_));
         }
         SetWindowLongPtrW(listView_, GWLP_USERDATA, 0);
+        ListView_SetImageList(listView_, nullptr, LVSIL_SMALL);   // the icons below go with this object
     }
 }
 
@@ -73,6 +76,9 @@ LRESULT CALLBACK ProcessListView::ListViewProc(HWND window, UINT message, WPARAM
     switch (message) {
     case kRetryRefreshMessage:
         self->Refresh();
+        return 0;
+    case kCopyIconsMessage:
+        self->CopyProviderIcons();
         return 0;
     case LVM_INSERTITEMA:
     case LVM_INSERTITEMW:
@@ -147,10 +153,10 @@ bool ProcessListView::Attach(HWND listView, std::unique_ptr<ProcessSource> sourc
     }
 
     ListView_SetExtendedListViewStyle(listView_, LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP);
-    // The provider owns the icons; the control must not destroy them with itself.
+    // This object owns the icons; the control must not destroy them with itself.
     const LONG_PTR style = GetWindowLongPtrW(listView_, GWL_STYLE);
     SetWindowLongPtrW(listView_, GWL_STYLE, style | LVS_SHAREIMAGELISTS);
-    ListView_SetImageList(listView_, source_->GetImageList(), LVSIL_SMALL);
+    CopyProviderIcons();
 
     const auto& columns = ProcessListColumns();
     for (int index = 0; index < kColumnCount; ++index) {
@@ -224,6 +230,7 @@ int ProcessListView::Refresh() {
     const bool treeMode = activeSort_.mode == kSortProcessTree;
 
     SyncShadowWithControl();
+    KeepIconsInStep();
     const int count = source_->GetItemCount();
     // Many new rows at once (the first refresh, a burst of new processes): the control would repaint after
     // each of the hundreds of messages that fill them, so it draws once at the end instead.
@@ -237,6 +244,22 @@ int ProcessListView::Refresh() {
     }
     SortIfMisplaced();
     return 1;
+}
+
+void ProcessListView::KeepIconsInStep() {
+    // The provider only ever adds icons, so a copy with as many holds every index the rows can name.
+    if (ImageList_GetImageCount(source_->GetImageList()) != copiedIcons_) {
+        SendMessageW(listView_, kCopyIconsMessage, 0, 0);
+    }
+}
+
+void ProcessListView::CopyProviderIcons() {
+    HIMAGELIST provider = source_->GetImageList();
+    UniqueImageList copy(provider ? ImageList_Duplicate(provider) : nullptr);
+    if (!copy) return;
+    ListView_SetImageList(listView_, copy.Get(), LVSIL_SMALL);
+    copiedIcons_ = ImageList_GetImageCount(copy.Get());
+    icons_ = std::move(copy);   // the old copy goes only now that the control no longer draws from it
 }
 
 int ProcessListView::CountNewRows(int count) const {

@@ -30,6 +30,10 @@ public:
 
     // Sets up the list view: clears the sort mode, sets full-row select and header drag-and-drop, the
     // provider's small icons and the thirteen columns, and stores this object in the control's user data.
+    // The control draws from a copy of the provider's image list: the provider adds icons on the refresh
+    // thread while the control draws on its own. The copy is taken again, on the control's thread, by the
+    // refresh that finds the provider holding more icons; the refresh holds the gate, so the provider
+    // (which updates only under the gate) holds still while it is copied. Indexes are the provider's.
     bool Attach(HWND listView, const kestrel::TL_PROCESSLIST& provider);
     bool Attach(HWND listView, std::unique_ptr<ProcessSource> source);
     // The object attached to a list view, or null.
@@ -93,6 +97,10 @@ private:
     void WriteRowCells(int row, int index, bool blankZero, const wchar_t* startTimeFormat);
     void SortIfMisplaced();
     void FollowControlSort();
+    // Refresh, holding the gate: has the control's thread copy the provider's icons when it holds more.
+    void KeepIconsInStep();
+    // On the control's thread only: the copy of the provider's image list replaces the control's.
+    void CopyProviderIcons();
 
     // Written by the UI thread's commands as one value; each refresh orders its rows by the value it read
     // at its start (activeSort_, touched only by the refresh holding the gate), so one refresh never mixes
@@ -104,6 +112,9 @@ private:
     // What the rows were last given, so unchanged cells and row look-ups cost no message to the control.
     RowShadow shadow_;
     RefreshGate refreshGate_;
+    // The control's small icons; replaced only on the control's thread. copiedIcons_ is their count.
+    UniqueImageList icons_;
+    std::atomic<int> copiedIcons_{0};
     WNDPROC previousListProc_ = nullptr;
     // Set by the control's thread when rows change by another hand (and at first); cleared by the refresh
     // that reads the rows back. The flag of an own change is set around each such message.

@@ -5,4 +5,5 @@
 namespace proclist {
 using UniqueMenu = lmvx::UniqueMenu;
 using UniqueKernelHandle = lmvx::UniqueHandle;
+using UniqueImageList = lmvx::UniqueImageList;
 }  // namespace proclist

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "app/lmvx.h"
 #include "child_process.h"
 #include "hosted_main_window.h"
 #include "resource.h"
@@ -30,14 +31,18 @@ LRESULT CALLBACK CountCycles(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-// Rows carry distinct PIDs, and a row's process-id cell is either not yet written or its own PID.
+// Rows carry distinct PIDs, a row's process-id cell is either not yet written or its own PID, and its icon is
+// in the list the control draws from, which is not the one the provider adds to on the refresh thread.
 testing::AssertionResult RowsAgreeWithTheirPids(HWND list) {
+    HIMAGELIST icons = ListView_GetImageList(list, LVSIL_SMALL);
+    if (icons == lmvx::g_processList.GetImageList()) return testing::AssertionFailure() << "draws the provider's icons";
     std::set<LPARAM> pids;
     for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        LVITEMW item{LVIF_PARAM, row};
+        LVITEMW item{LVIF_PARAM | LVIF_IMAGE, row};
         wchar_t pidCell[32] = {};
         ListView_GetItem(list, &item);
         ListView_GetItemText(list, row, 7, pidCell, 32);
+        if (item.iImage >= ImageList_GetImageCount(icons)) return testing::AssertionFailure() << "no icon " << item.iImage;
         if (!pids.insert(item.lParam).second) return testing::AssertionFailure() << "PID " << item.lParam << " twice";
         if (pidCell[0] && std::to_wstring(item.lParam) != pidCell) {
             return testing::AssertionFailure() << "the row of PID " << item.lParam << " shows another PID";

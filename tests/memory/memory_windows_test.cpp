@@ -344,7 +344,7 @@ TEST_F(PropertyPages, StringsPageListsTheImageStringsAndFilters) {
     ASSERT_TRUE(strings);
     HWND list = GetDlgItem(strings, IDC_STRINGS_LIST);
     ShowWindow(strings, SW_SHOW);
-    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsWindowEnabled(GetDlgItem(strings, IDOK)) != FALSE; }, 60000));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { return IsWindowEnabled(GetDlgItem(strings, IDOK)) != FALSE; }, 240000));
     ASSERT_EQ(ListView_GetItemCount(list), count);
     wchar_t text[300];
     for (int i : {0, count / 2, count - 1}) {

@@ -94,18 +94,5 @@ TEST(RowCells, IdleProcessWithBlankZeroKeepsItsCounts) {
     EXPECT_EQ(cells, expected);
 }
 
-TEST(RowCells, UserObjectsComeBeforeGdiObjects) {
-    ProcessRowValues row = IdleRow();
-    row.cpuPercent = 12;
-    row.ioDeltaBytes = 512;
-    row.memoryBytes = 4096;
-    const auto cells = FormatRowCells(row, false, kStartTimeFormat);
-    EXPECT_EQ(cells[1], L"12 %");
-    EXPECT_EQ(cells[2], L"0 KB/s");
-    EXPECT_EQ(cells[3], L"4 KB");
-    EXPECT_EQ(cells[11], L"3");
-    EXPECT_EQ(cells[12], L"9");
-}
-
 }  // namespace
 }  // namespace proclist

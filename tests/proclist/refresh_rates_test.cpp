@@ -1,4 +1,4 @@
-// The rate table, the zero-period rule and the check marks of the Refresh Rate submenu.
+// The rate table and the zero-period rule. (The check marks are tested on the refresh cycle's menu.)
 #include <gtest/gtest.h>
 
 #include "command_ids.h"
@@ -7,16 +7,6 @@
 
 namespace proclist {
 namespace {
-
-unsigned CheckedCommand(unsigned period) {
-    unsigned checked = 0;
-    for (const MenuItemSpec& item : RateMenuItems(period)) {
-        if (!item.checked) continue;
-        EXPECT_EQ(checked, 0u) << "more than one rate checked";
-        checked = item.commandId;
-    }
-    return checked;
-}
 
 TEST(RefreshRates, ZeroPeriodCountsAsOneHundred) {
     EXPECT_EQ(EffectivePeriod(0), 100u);
@@ -33,15 +23,6 @@ TEST(RateMenu, ListsTheFiveRatesInOrder) {
         EXPECT_EQ(items[i].stringId, IDS_RATE_VERY_LOW + i);
         EXPECT_FALSE(items[i].separator);
     }
-}
-
-TEST(RateMenu, ZeroPeriodChecksVeryHigh) {
-    EXPECT_EQ(CheckedCommand(0), static_cast<unsigned>(IDM_RATE_VERY_HIGH));
-}
-
-TEST(RateMenu, PeriodOutsideTheTableChecksNothing) {
-    EXPECT_EQ(CheckedCommand(2000), 0u);
-    EXPECT_EQ(CheckedCommand(99), 0u);
 }
 
 }  // namespace

@@ -128,27 +128,18 @@ TEST(RowShadow, ReorderWithUnknownMissingOrRepeatedPidsStartsAgain) {
     }
 }
 
-TEST(SortedRowOrder, DistinctKeysGiveTheOneSortedOrder) {
-    bool unique = false;
-    const auto order = SortedRowOrder(std::vector<int>{30, 10, 20}, Ascending, &unique);
-    EXPECT_EQ(order, (std::vector<int>{1, 2, 0}));
-    EXPECT_TRUE(unique);
-}
-
-TEST(SortedRowOrder, EqualKeysAreReportedAndKeepTheirOrder) {
-    bool unique = true;
-    const auto order = SortedRowOrder(std::vector<int>{5, 1, 5, 0}, Ascending, &unique);
-    EXPECT_EQ(order, (std::vector<int>{3, 1, 0, 2}));
-    EXPECT_FALSE(unique);
-}
-
-TEST(SortedRowOrder, EmptyAndSingleRowsAreUnique) {
-    bool unique = false;
-    EXPECT_TRUE(SortedRowOrder(std::vector<int>{}, Ascending, &unique).empty());
-    EXPECT_TRUE(unique);
-    unique = false;
-    EXPECT_EQ(SortedRowOrder(std::vector<int>{4}, Ascending, &unique), (std::vector<int>{0}));
-    EXPECT_TRUE(unique);
+// A stable sort's row positions; unique tells whether no two neighbours compare equal.
+TEST(SortedRowOrder, GivesTheStableOrderAndWhetherItIsTheOnlyOne) {
+    const struct {
+        std::vector<int> keys;
+        std::vector<int> order;
+        bool unique;
+    } cases[] = {{{30, 10, 20}, {1, 2, 0}, true}, {{5, 1, 5, 0}, {3, 1, 0, 2}, false}, {{}, {}, true}, {{4}, {0}, true}};
+    for (const auto& c : cases) {
+        bool unique = !c.unique;
+        EXPECT_EQ(SortedRowOrder(c.keys, Ascending, &unique), c.order);
+        EXPECT_EQ(unique, c.unique) << c.keys.size();
+    }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Sort commands, header clicks and the check marks of the sort submenu.
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "command_ids.h"
 #include "proclist/column_table.h"
 #include "proclist/sort_commands.h"
@@ -25,36 +27,32 @@ TEST(SortCommands, EachCommandSelectsItsMode) {
     EXPECT_FALSE(SortModeOfCommand(IDM_RATE_LOW).has_value());
 }
 
-TEST(SortCommands, ModeCommandKeepsTheReverseFlag) {
-    EXPECT_EQ(ApplySortCommand({kSortCpuUsage, true}, IDM_SORT_PROCESS_ID), (SortState{kSortProcessId, true}));
-    EXPECT_EQ(ApplySortCommand({kSortCpuUsage, false}, IDM_SORT_PROCESS_ID), (SortState{kSortProcessId, false}));
+// A mode command keeps the reverse flag, the reverse command flips it and keeps any mode; others are no sort.
+TEST(SortCommands, ModeAndReverseCommandsChangeOnlyTheirPart) {
+    const struct {
+        SortState before;
+        unsigned command;
+        std::optional<SortState> after;
+    } cases[] = {
+        {{kSortCpuUsage, true}, IDM_SORT_PROCESS_ID, SortState{kSortProcessId, true}},
+        {{kSortCpuUsage, false}, IDM_SORT_PROCESS_ID, SortState{kSortProcessId, false}},
+        {{kSortUsername, false}, IDM_SORT_REVERSE, SortState{kSortUsername, true}},
+        {{kSortUsername, true}, IDM_SORT_REVERSE, SortState{kSortUsername, false}},
+        {{40, false}, IDM_SORT_REVERSE, SortState{40, true}},
+        {{kSortCpuUsage, false}, IDM_RATE_HIGH, std::nullopt},
+        {{kSortCpuUsage, false}, IDM_EXIT, std::nullopt},
+    };
+    for (const auto& c : cases) EXPECT_EQ(ApplySortCommand(c.before, c.command), c.after) << c.command;
 }
 
-TEST(SortCommands, ReverseTogglesAndKeepsTheMode) {
-    EXPECT_EQ(ApplySortCommand({kSortUsername, false}, IDM_SORT_REVERSE), (SortState{kSortUsername, true}));
-    EXPECT_EQ(ApplySortCommand({kSortUsername, true}, IDM_SORT_REVERSE), (SortState{kSortUsername, false}));
-    EXPECT_EQ(ApplySortCommand({40, false}, IDM_SORT_REVERSE), (SortState{40, true}));
-}
-
-TEST(SortCommands, OtherCommandsAreNotSortCommands) {
-    EXPECT_FALSE(ApplySortCommand({kSortCpuUsage, false}, IDM_RATE_HIGH).has_value());
-    EXPECT_FALSE(ApplySortCommand({kSortCpuUsage, false}, IDM_EXIT).has_value());
-}
-
+// The Process header goes from tree to name to reversed name and back to tree; from any other state to tree.
 TEST(HeaderClick, ProcessHeaderCyclesTreeNameReversedName) {
-    SortState state{kSortProcessTree, false};
-    state = ApplyHeaderClick(state, kColumnProcess);
-    EXPECT_EQ(state, (SortState{kSortProcessName, false}));
-    state = ApplyHeaderClick(state, kColumnProcess);
-    EXPECT_EQ(state, (SortState{kSortProcessName, true}));
-    state = ApplyHeaderClick(state, kColumnProcess);
-    EXPECT_EQ(state, (SortState{kSortProcessTree, false}));
-}
-
-TEST(HeaderClick, ProcessHeaderFromAnyOtherStateGoesToTree) {
-    EXPECT_EQ(ApplyHeaderClick({kSortProcessTree, true}, kColumnProcess), (SortState{kSortProcessTree, false}));
-    EXPECT_EQ(ApplyHeaderClick({kSortCpuUsage, true}, kColumnProcess), (SortState{kSortProcessTree, false}));
-    EXPECT_EQ(ApplyHeaderClick({kSortCpuUsage, false}, kColumnProcess), (SortState{kSortProcessTree, false}));
+    const std::pair<SortState, SortState> cases[] = {
+        {{kSortProcessTree, false}, {kSortProcessName, false}}, {{kSortProcessName, false}, {kSortProcessName, true}},
+        {{kSortProcessName, true}, {kSortProcessTree, false}},  {{kSortProcessTree, true}, {kSortProcessTree, false}},
+        {{kSortCpuUsage, true}, {kSortProcessTree, false}},     {{kSortCpuUsage, false}, {kSortProcessTree, false}},
+    };
+    for (const auto& [before, after] : cases) EXPECT_EQ(ApplyHeaderClick(before, kColumnProcess), after);
 }
 
 // The header of each column selects the mode of the column to its right from "I/O" on.
@@ -77,14 +75,13 @@ TEST(HeaderClick, ShiftedMappingOfColumnsOneToEleven) {
     }
 }
 
-TEST(HeaderClick, GdiHeaderIsInert) {
-    EXPECT_EQ(ApplyHeaderClick({kSortGdiObjects, false}, kColumnGdiObjects), (SortState{kSortGdiObjects, false}));
-    EXPECT_EQ(ApplyHeaderClick({kSortCpuUsage, true}, kColumnGdiObjects), (SortState{kSortCpuUsage, true}));
-}
-
-TEST(HeaderClick, ColumnsOutsideTheTableChangeNothing) {
-    EXPECT_EQ(ApplyHeaderClick({kSortCpuUsage, true}, -1), (SortState{kSortCpuUsage, true}));
-    EXPECT_EQ(ApplyHeaderClick({kSortCpuUsage, true}, kColumnCount), (SortState{kSortCpuUsage, true}));
+// The GDI header and columns outside the table change nothing.
+TEST(HeaderClick, GdiHeaderAndColumnsOutsideTheTableChangeNothing) {
+    for (int column : {static_cast<int>(kColumnGdiObjects), -1, static_cast<int>(kColumnCount)}) {
+        for (SortState state : {SortState{kSortGdiObjects, false}, SortState{kSortCpuUsage, true}}) {
+            EXPECT_EQ(ApplyHeaderClick(state, column), state) << column;
+        }
+    }
 }
 
 TEST(SortMenu, HasThirteenModesSeparatorAndReverse) {
@@ -99,27 +96,23 @@ TEST(SortMenu, HasThirteenModesSeparatorAndReverse) {
     EXPECT_EQ(items[14].stringId, static_cast<unsigned>(IDS_SORT_REVERSE));
 }
 
-TEST(SortMenu, ChecksTheItemOfTheCurrentModeOnly) {
-    for (unsigned mode = 0; mode < kSortModeCount; ++mode) {
-        SCOPED_TRACE(mode);
-        const auto items = SortMenuItems({mode, false});
-        int checked = 0;
-        for (const MenuItemSpec& item : items) {
-            if (!item.checked) continue;
-            ++checked;
-            EXPECT_EQ(SortModeOfCommand(item.commandId), mode);
+// The item of the current mode is the only mode item checked (none for a mode outside the table); the
+// reverse item follows the flag.
+TEST(SortMenu, ChecksTheItemOfTheCurrentModeOnlyAndReverseByTheFlag) {
+    for (unsigned mode = 0; mode <= kSortModeCount; ++mode) {
+        for (bool reverse : {false, true}) {
+            SCOPED_TRACE(mode);
+            const auto items = SortMenuItems({mode, reverse});
+            int checked = 0;
+            for (size_t i = 0; i + 1 < items.size(); ++i) {
+                if (!items[i].checked) continue;
+                ++checked;
+                EXPECT_EQ(SortModeOfCommand(items[i].commandId), mode);
+            }
+            EXPECT_EQ(checked, mode < kSortModeCount ? 1 : 0);
+            EXPECT_EQ(items.back().checked, reverse);
         }
-        EXPECT_EQ(checked, 1);
     }
-}
-
-TEST(SortMenu, ReverseItemFollowsTheFlag) {
-    EXPECT_FALSE(SortMenuItems({kSortCpuUsage, false}).back().checked);
-    EXPECT_TRUE(SortMenuItems({kSortCpuUsage, true}).back().checked);
-}
-
-TEST(SortMenu, UnknownModeChecksNoModeItem) {
-    for (const MenuItemSpec& item : SortMenuItems({13, false})) EXPECT_FALSE(item.checked);
 }
 
 }  // namespace

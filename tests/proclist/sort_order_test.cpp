@@ -1,6 +1,8 @@
 // Direction of every sort mode and the reverse flag, from given keys.
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "proclist/sort_order.h"
 #include "proclist/text_compare.h"
 
@@ -37,50 +39,34 @@ int Compare(unsigned mode, bool reverse, const SortKey& a, const SortKey& b) {
     return CompareSortKeys(mode, reverse, a, b, CompareTextDefaultLocale);
 }
 
-TEST(SortOrder, StartOrderShowsTheHigherIndexFirst) {
-    EXPECT_EQ(Compare(kSortStartOrder, false, IndexKey(5), IndexKey(2)), -1);
-    EXPECT_EQ(Compare(kSortStartOrder, false, IndexKey(2), IndexKey(5)), 1);
-    EXPECT_EQ(Compare(kSortStartOrder, false, IndexKey(3), IndexKey(3)), 0);
-    EXPECT_EQ(Compare(kSortStartOrder, true, IndexKey(5), IndexKey(2)), 1);
-    EXPECT_EQ(Compare(kSortStartOrder, true, IndexKey(2), IndexKey(5)), -1);
-}
-
-TEST(SortOrder, TreeFollowsAscendingPositions) {
-    EXPECT_EQ(Compare(kSortProcessTree, false, TreeKey(1.5), TreeKey(2.0)), -1);
-    EXPECT_EQ(Compare(kSortProcessTree, false, TreeKey(2.0), TreeKey(1.5)), 1);
-    EXPECT_EQ(Compare(kSortProcessTree, false, TreeKey(2.0), TreeKey(2.0)), 0);
-    EXPECT_EQ(Compare(kSortProcessTree, true, TreeKey(1.5), TreeKey(2.0)), 1);
-}
-
-TEST(SortOrder, ProcessIdAscending) {
-    EXPECT_EQ(Compare(kSortProcessId, false, PidKey(8), PidKey(400)), -1);
-    EXPECT_EQ(Compare(kSortProcessId, false, PidKey(400), PidKey(8)), 1);
-    EXPECT_EQ(Compare(kSortProcessId, false, PidKey(8), PidKey(8)), 0);
-    EXPECT_EQ(Compare(kSortProcessId, true, PidKey(8), PidKey(400)), 1);
-    // Compared as unsigned numbers: the largest PID value stays largest.
-    EXPECT_EQ(Compare(kSortProcessId, false, PidKey(0x80000000u), PidKey(4)), 1);
-}
-
-TEST(SortOrder, CountersShowTheLargestFirst) {
+// Each mode's direction: low compared with high gives lowVsHigh, the other way round its negation, a key with
+// itself 0, and the reverse flag turns the result round. Start order shows the higher index first, counters
+// the largest first; tree positions, PIDs (as unsigned numbers) and texts ascend.
+TEST(SortOrder, EachModeHasItsDirectionAndReverseTurnsItRound) {
+    struct Case {
+        unsigned mode;
+        SortKey low;
+        SortKey high;
+        int lowVsHigh;
+    };
+    std::vector<Case> cases = {{kSortStartOrder, IndexKey(2), IndexKey(5), 1},
+                               {kSortProcessTree, TreeKey(1.5), TreeKey(2.0), -1},
+                               {kSortProcessId, PidKey(8), PidKey(400), -1},
+                               {kSortProcessId, PidKey(4), PidKey(0x80000000u), -1}};
     for (unsigned mode : {kSortCpuUsage, kSortMemoryUsage, kSortHandleCount, kSortUserObjects, kSortGdiObjects}) {
-        SCOPED_TRACE(mode);
-        EXPECT_EQ(Compare(mode, false, CounterKey(10), CounterKey(90)), 1);
-        EXPECT_EQ(Compare(mode, false, CounterKey(90), CounterKey(10)), -1);
-        EXPECT_EQ(Compare(mode, false, CounterKey(90), CounterKey(90)), 0);
-        EXPECT_EQ(Compare(mode, true, CounterKey(10), CounterKey(90)), -1);
-        EXPECT_EQ(Compare(mode, true, CounterKey(90), CounterKey(10)), 1);
-        EXPECT_EQ(Compare(mode, false, CounterKey(0xFFFFFFFFu), CounterKey(1)), -1);
+        cases.push_back({mode, CounterKey(10), CounterKey(90), 1});
+        cases.push_back({mode, CounterKey(1), CounterKey(0xFFFFFFFFu), 1});
     }
-}
-
-TEST(SortOrder, TextModesAscendThroughTheComparer) {
     for (unsigned mode : {kSortProcessName, kSortDescription, kSortCompanyName, kSortPathName, kSortUsername}) {
-        SCOPED_TRACE(mode);
-        EXPECT_EQ(Compare(mode, false, TextKey(L"alpha.exe"), TextKey(L"beta.exe")), -1);
-        EXPECT_EQ(Compare(mode, false, TextKey(L"beta.exe"), TextKey(L"alpha.exe")), 1);
-        EXPECT_EQ(Compare(mode, false, TextKey(L"beta.exe"), TextKey(L"beta.exe")), 0);
-        EXPECT_EQ(Compare(mode, true, TextKey(L"alpha.exe"), TextKey(L"beta.exe")), 1);
-        EXPECT_EQ(Compare(mode, true, TextKey(L"beta.exe"), TextKey(L"alpha.exe")), -1);
+        cases.push_back({mode, TextKey(L"alpha.exe"), TextKey(L"beta.exe"), -1});
+    }
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.mode);
+        EXPECT_EQ(Compare(c.mode, false, c.low, c.high), c.lowVsHigh);
+        EXPECT_EQ(Compare(c.mode, false, c.high, c.low), -c.lowVsHigh);
+        EXPECT_EQ(Compare(c.mode, false, c.high, c.high), 0);
+        EXPECT_EQ(Compare(c.mode, true, c.low, c.high), -c.lowVsHigh);
+        EXPECT_EQ(Compare(c.mode, true, c.high, c.low), c.lowVsHigh);
     }
 }
 

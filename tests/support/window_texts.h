@@ -9,10 +9,11 @@
 namespace lmvx_test {
 
 // The window's text. WM_GETTEXT rather than GetWindowTextW, which does not read the controls of other
-// processes; empty when the window does not answer within two seconds.
+// processes; empty when the window hangs or does not answer within half a minute (a loaded machine may
+// take seconds).
 inline std::wstring WindowText(HWND window) {
     wchar_t text[1024] = {};
-    SendMessageTimeoutW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 2000, nullptr);
+    SendMessageTimeoutW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG, 30000, nullptr);
     return text;
 }
 
