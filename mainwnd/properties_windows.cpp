@@ -30,7 +30,7 @@ void OpenPropertiesWindows::CloseAll(DWORD timeoutMs) {
 
 void OpenPropertiesWindow(unsigned pid, HWND mainWindow) {
     const auto* state = reinterpret_cast<const MainWindowState*>(GetWindowLongPtrW(mainWindow, GWLP_USERDATA));
-    const unsigned period = state ? state->refreshCycle.GetPeriod() : 0;
+    const unsigned period = IsMainWindowRecord(state) ? state->refreshCycle.GetPeriod() : 0;
     ShowProcessProperties(pid, mainWindow, mainWindow, &g_processList, ProgramPropertyPages(), period);
 }
 
