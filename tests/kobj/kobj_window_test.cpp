@@ -83,16 +83,7 @@ HWND WaitForDialog(const std::wstring& captionStart, const std::wstring& part = 
     return found;
 }
 
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!OpenClipboard(nullptr)) return text;
-    HANDLE data = GetClipboardData(CF_UNICODETEXT);
-    if (const auto* chars = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr) text = chars;
-    if (data) GlobalUnlock(data);
-    CloseClipboard();
-    return text;
-}
-
+using lmvx_test::ClipboardText;
 class KernelObjectsTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { program_ = new mainwnd_test::ScopedHostedProgram(L"LumivexKobjTest"); }

@@ -14,6 +14,7 @@
 #include "net/network_page.h"
 #include "pane_test_environment.h"
 #include "resource.h"
+#include "window_texts.h"
 #include "wren.h"
 
 namespace {
@@ -160,16 +161,7 @@ TEST(EndpointsDialog, AProcessWithoutEndpointsShowsTheNoticeAndNoFields) {
     });
 }
 
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!OpenClipboard(nullptr)) return text;
-    HANDLE data = GetClipboardData(CF_UNICODETEXT);
-    if (const auto* chars = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr) text = chars;
-    if (data) GlobalUnlock(data);
-    CloseClipboard();
-    return text;
-}
-
+using lmvx_test::ClipboardText;
 TEST(NetworkPage, RefreshesOnlyWhileShownAndCopiesThroughTheClipboard) {
     SocketChild child;
     ASSERT_TRUE(child.ReadPorts());

@@ -18,22 +18,10 @@
 namespace {
 
 using lmvx_test::PumpUntil;
+using lmvx_test::ClipboardText;
 using lmvx_test::WindowText;
 using props_test::CellText;
 using props_test::FindRowWithText;
-
-std::wstring ClipboardText() {
-    std::wstring text;
-    if (!OpenClipboard(nullptr)) return text;
-    if (HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
-        if (const auto* chars = static_cast<const wchar_t*>(GlobalLock(data))) {
-            text = chars;
-            GlobalUnlock(data);
-        }
-    }
-    CloseClipboard();
-    return text;
-}
 
 // The loader fills the cells of a row from left to right: the size, last, tells that the row is complete.
 bool RowIsFilled(HWND list, int row) { return row >= 0 && !CellText(list, row, 5).empty(); }

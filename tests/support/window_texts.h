@@ -17,6 +17,17 @@ inline std::wstring WindowText(HWND window) {
     return text;
 }
 
+// The clipboard's Unicode text; empty when the clipboard cannot be opened or holds none.
+inline std::wstring ClipboardText() {
+    std::wstring text;
+    if (!OpenClipboard(nullptr)) return text;
+    HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    if (const auto* chars = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr) text = chars;
+    if (data) GlobalUnlock(data);
+    CloseClipboard();
+    return text;
+}
+
 // All descendants' texts, for finding a message in a box whatever control shows it.
 inline std::vector<std::wstring> DescendantTexts(HWND window) {
     std::vector<std::wstring> texts;
