@@ -17,13 +17,23 @@ constexpr uint32_t kGrowth = 1024;
 
 bool IsAlive(const StringSet* set) { return set && set->magic == kStringSetAlive; }
 
+// The slots the array really has for a capacity: the capacity grows by 1024 as the set's contract says,
+// but the memory behind it doubles, so that a set of a million strings is not copied a thousand times.
+size_t AllocatedSlots(size_t capacity) {
+    size_t slots = kGrowth;
+    while (slots < capacity) slots *= 2;
+    return slots;
+}
+
 bool AddUnits(StringSet* set, const char16_t* text, size_t length) {
     if (!IsAlive(set)) return false;
     if (static_cast<uint32_t>(set->count) == set->capacity) {
         const size_t capacity = static_cast<size_t>(set->capacity) + kGrowth;
-        auto* items = static_cast<wchar_t**>(std::realloc(set->items, capacity * sizeof(wchar_t*)));
-        if (!items) return false;
-        set->items = items;
+        if (!set->items || AllocatedSlots(capacity) > AllocatedSlots(set->capacity)) {
+            auto* items = static_cast<wchar_t**>(std::realloc(set->items, AllocatedSlots(capacity) * sizeof(wchar_t*)));
+            if (!items) return false;
+            set->items = items;
+        }
         set->capacity = static_cast<uint32_t>(capacity);
     }
     auto* copy = static_cast<wchar_t*>(std::malloc((length + 1) * sizeof(wchar_t)));

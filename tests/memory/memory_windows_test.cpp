@@ -377,4 +377,16 @@ TEST(ImageStringsFile, UnreadableAndEmptyFiles) {
     lmvx::StringSetFree(set);
 }
 
+// The capacity steps by 1024 whatever memory stands behind it, and every string stays readable.
+TEST(ImageStringsFile, CapacityGrowsBy1024AndEveryStringStays) {
+    lmvx::StringSet* set = lmvx::StringSetCreate();
+    for (int i = 0; i < 5000; ++i) {
+        ASSERT_EQ(lmvx::StringSetAdd(set, std::to_wstring(i).c_str()), 1);
+        if (i == 2999) EXPECT_EQ(set->capacity, 3072u);
+    }
+    EXPECT_EQ(set->capacity, 5120u);
+    for (int i = 0; i < 5000; ++i) ASSERT_EQ(lmvx::StringSetItem(set, i), std::to_wstring(i)) << i;
+    lmvx::StringSetFree(set);
+}
+
 }  // namespace
