@@ -64,8 +64,9 @@ void DialogAnswerer::Run() {
 void DialogAnswerer::Answer(HWND box) {
     SeenBox seen;
     seen.caption = WindowText(box);
-    // The task dialog of a warning draws its texts late: give it a moment to have them.
-    Sleep(100);
+    // A task dialog is visible before it has created its text controls. A message sent to it returns only
+    // once its thread takes messages again, that is, after it has finished setting itself up.
+    SendMessageW(box, WM_NULL, 0, 0);
     EnumChildWindows(
         box,
         [](HWND child, LPARAM context) -> BOOL {
