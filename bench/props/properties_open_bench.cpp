@@ -1,7 +1,9 @@
 // Cost of the process properties window, measured on this program's own process with ~100 modules and
 // ~50 threads: the time from the properties command to the painted first page and to the complete page
 // tree, and the CPU of one open window at a 100 ms refresh with the General page shown (what the hidden
-// pages cost) and with the Performance page shown.
+// pages cost) and with the Performance page shown. Each CPU figure is broken down by page (time and CPU
+// inside each page's procedure, the messages the window's thread takes) and set beside the floor: an
+// empty window with as many self-re-arming 100 ms timers.
 //   properties_open_bench.exe [--runs N] [--seconds S]
 #include <windows.h>
 #include <commctrl.h>
@@ -9,6 +11,7 @@
 
 #include <cstdio>
 #include <cwchar>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -119,6 +122,123 @@ HWND PerformancePage(HWND frame) {
     return nullptr;
 }
 
+// Time spent in each page's window procedure, for the breakdown of a window's CPU: every page of the tree
+// and the frame are subclassed on the bench's side; the procedures run on the frame's thread.
+struct ProcedureTime {
+    HWND window = nullptr;
+    std::wstring name;
+    WNDPROC original = nullptr;
+    LONGLONG ticks = 0;   // performance-counter ticks inside the procedure
+    double cpuMs = 0;     // the thread's CPU inside the procedure (coarse per call, right in sum)
+    unsigned timerMessages = 0;
+};
+std::vector<ProcedureTime> procedureTimes;
+
+LRESULT CALLBACK TimedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    for (ProcedureTime& entry : procedureTimes) {
+        if (entry.window != window) continue;
+        LARGE_INTEGER from, to;
+        const double cpuBefore = ThreadCpuMs(GetCurrentThread());
+        QueryPerformanceCounter(&from);
+        const LRESULT result = CallWindowProcW(entry.original, window, message, wParam, lParam);
+        QueryPerformanceCounter(&to);
+        entry.cpuMs += ThreadCpuMs(GetCurrentThread()) - cpuBefore;
+        entry.ticks += to.QuadPart - from.QuadPart;
+        if (message == WM_TIMER) ++entry.timerMessages;
+        return result;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// Every message the frame's thread takes from its queue, by window class and message.
+std::map<std::pair<std::wstring, UINT>, unsigned> takenMessages;
+LRESULT CALLBACK CountTaken(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HC_ACTION && wParam == PM_REMOVE) {
+        const MSG* message = reinterpret_cast<const MSG*>(lParam);
+        wchar_t className[64] = L"(none)";
+        if (message->hwnd) GetClassNameW(message->hwnd, className, 64);
+        ++takenMessages[{className, message->message}];
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+void PrintTaken(int seconds) {
+    for (const auto& [key, count] : takenMessages) {
+        std::printf("    taken: %-24ls 0x%04X  %.1f/s\n", key.first.c_str(), key.second, static_cast<double>(count) / seconds);
+    }
+    takenMessages.clear();
+}
+
+void TimeProcedures(HWND frame) {
+    HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
+    procedureTimes.reserve(32);
+    procedureTimes.push_back({frame, L"(frame)"});
+    for (HTREEITEM item = TreeView_GetChild(tree, TreeView_GetRoot(tree)); item; item = TreeView_GetNextSibling(tree, item)) {
+        wchar_t text[64] = {};
+        TVITEMW data{TVIF_TEXT | TVIF_PARAM, item};
+        data.pszText = text;
+        data.cchTextMax = 64;
+        TreeView_GetItem(tree, &data);
+        if (data.lParam) procedureTimes.push_back({reinterpret_cast<HWND>(data.lParam), text});
+    }
+    SetWindowsHookExW(WH_GETMESSAGE, &CountTaken, nullptr, GetWindowThreadProcessId(frame, nullptr));
+    for (ProcedureTime& entry : procedureTimes) {
+        entry.original = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(entry.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TimedProcedure)));
+    }
+}
+
+void PrintProcedureTimes(int seconds) {
+    LARGE_INTEGER frequency;
+    QueryPerformanceFrequency(&frequency);
+    for (ProcedureTime& entry : procedureTimes) {
+        std::printf("    %-16ls %6.2f ms/s in its procedure, CPU %5.2f %%, %u timer messages\n", entry.name.c_str(),
+                    1000.0 * static_cast<double>(entry.ticks) / static_cast<double>(frequency.QuadPart) / seconds,
+                    entry.cpuMs / seconds / 10.0, entry.timerMessages);
+        entry.ticks = 0;
+        entry.cpuMs = 0;
+        entry.timerMessages = 0;
+    }
+    PrintTaken(seconds);
+}
+
+// What the same number of timers costs alone: an empty window on a thread of its own whose timers each
+// stop and re-arm themselves at 100 ms, as the pages' do. Under Wine every timer call and every timer
+// message is a round trip to the server, so this is the floor under the window's figure.
+double EmptyWindowTimersCpu(unsigned timers, int seconds) {
+    struct Run { unsigned timers; int seconds; double cpu = 0; } run{timers, seconds};
+    HANDLE thread = CreateThread(nullptr, 0, [](void* parameter) -> DWORD {
+        auto* run = static_cast<Run*>(parameter);
+        WNDCLASSW windowClass{};
+        windowClass.lpfnWndProc = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            if (message != WM_TIMER) return DefWindowProcW(window, message, wParam, lParam);
+            KillTimer(window, wParam);
+            SetTimer(window, wParam, 100, nullptr);
+            return 0;
+        };
+        windowClass.lpszClassName = L"LumivexBenchTimers";
+        RegisterClassW(&windowClass);
+        HWND window = CreateWindowW(L"LumivexBenchTimers", L"", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+        for (unsigned id = 1; id <= run->timers; ++id) SetTimer(window, id, 100, nullptr);
+        const double before = ThreadCpuMs(GetCurrentThread());
+        const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(run->seconds) * 1000;
+        PumpUntil([&] { return GetTickCount64() >= end; }, static_cast<DWORD>(run->seconds) * 1000 + 1000);
+        run->cpu = 100.0 * (ThreadCpuMs(GetCurrentThread()) - before) / (run->seconds * 1000.0);
+        DestroyWindow(window);
+        return 0;
+    }, &run, 0, nullptr);
+    if (!thread) return 0;
+    // Pumped: creating the window sends messages to this thread's windows.
+    PumpUntil([&] { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }, static_cast<DWORD>(seconds) * 1000 + kLimitMs);
+    CloseHandle(thread);
+    return run.cpu;
+}
+
+unsigned ProceduresWithTimers() {
+    unsigned count = 0;
+    for (const ProcedureTime& entry : procedureTimes) count += entry.timerMessages > 0 ? 1 : 0;
+    return count;
+}
+
 // Ends the process once the figures are out, without unloading anything: the teardown of the hosted
 // program with the hundred system DLLs loaded for the module count does not return under Wine.
 [[noreturn]] void EndWith(int code) {
@@ -176,13 +296,24 @@ int wmain(int argc, wchar_t** argv) {
         PumpUntil([&] { return GetTickCount64() >= end; }, static_cast<DWORD>(seconds) * 1000 + 1000);
         return 100.0 * (ThreadCpuMs(thread) - before) / (seconds * 1000.0);
     };
+    TimeProcedures(frame);
+    // Steady state only: the pages that load once in the background (modules, their icons) finish first.
+    const ULONGLONG settled = GetTickCount64() + 5000;
+    PumpUntil([&] { return GetTickCount64() >= settled; }, 6000);
+    std::printf("the first 5 s after the window opened:\n");
+    PrintProcedureTimes(5);
     std::printf("one window, General page shown (the other pages' timers): %.2f %% of one core over %d s\n",
                 measure(), seconds);
+    PrintProcedureTimes(seconds);
     if (!PerformancePage(frame)) {
         std::printf("no Performance page to measure\n");
         EndWith(0);
     }
     std::printf("one window, Performance page at 100 ms: %.2f %% of one core over %d s\n", measure(), seconds);
+    const unsigned timers = ProceduresWithTimers();
+    PrintProcedureTimes(seconds);
+    std::printf("floor: an empty window with %u timers re-armed every 100 ms: %.2f %% of one core over %d s\n",
+                timers, EmptyWindowTimersCpu(timers, seconds), seconds);
     CloseHandle(thread);
     CloseFrame(frame);
     EndWith(0);
