@@ -286,27 +286,9 @@ TEST_F(ProcessListViewTest, GdiSortUsesTheProvidersCount) {
     EXPECT_EQ(Rows(), (std::vector<unsigned>{3, 2, 1}));
 }
 
-TEST_F(ProcessListViewTest, HeaderClickSelectsTheShiftedModeAndChecksIt) {
-    AddNumbered({10, 20, 30, 40});
-    source_->Find(10)->values.memoryBytes = 3000;
-    source_->Find(20)->values.memoryBytes = 1000;
-    source_->Find(30)->values.memoryBytes = 2000;
-    source_->Find(40)->values.memoryBytes = 500;
-    list_.SetSortState({proclist::kSortProcessTree, false});
-    HMENU before = SortMenuOf(window_.Get());
-    list_.OnHeaderClick(proclist::kColumnIo);
-    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, false}));
-    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 30, 20, 40}));
-    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_MEMORY_USAGE}));
-    EXPECT_FALSE(IsMenu(before)) << "the replaced submenu is destroyed";
-
-    list_.OnHeaderClick(proclist::kColumnIo);
-    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, true}));
-    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())),
-              (std::vector<UINT>{IDM_SORT_MEMORY_USAGE, IDM_SORT_REVERSE}));
-}
-
-TEST_F(ProcessListViewTest, SortMenuKeepsItsPlaceAndTitle) {
+// The sort submenu keeps its place and title when it is rebuilt; a header click selects the shifted mode and
+// checks it, and the replaced submenu is destroyed.
+TEST_F(ProcessListViewTest, HeaderClickSelectsTheShiftedModeAndChecksItInTheRebuiltSortMenu) {
     wchar_t before[64] = {};
     GetMenuStringW(GetSubMenu(GetMenu(window_.Get()), 1), 0, before, 64, MF_BYPOSITION);
     list_.UpdateSortMenu();
@@ -315,6 +297,23 @@ TEST_F(ProcessListViewTest, SortMenuKeepsItsPlaceAndTitle) {
     EXPECT_STREQ(after, before);
     EXPECT_EQ(GetMenuItemCount(SortMenuOf(window_.Get())), 15);
     EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_START_ORDER}));
+    AddNumbered({10, 20, 30, 40});
+    source_->Find(10)->values.memoryBytes = 3000;
+    source_->Find(20)->values.memoryBytes = 1000;
+    source_->Find(30)->values.memoryBytes = 2000;
+    source_->Find(40)->values.memoryBytes = 500;
+    list_.SetSortState({proclist::kSortProcessTree, false});
+    HMENU replaced = SortMenuOf(window_.Get());
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, false}));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 30, 20, 40}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_MEMORY_USAGE}));
+    EXPECT_FALSE(IsMenu(replaced)) << "the replaced submenu is destroyed";
+
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, true}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())),
+              (std::vector<UINT>{IDM_SORT_MEMORY_USAGE, IDM_SORT_REVERSE}));
 }
 
 TEST_F(ProcessListViewTest, SortStateIsRestoredAndSaved) {
@@ -342,8 +341,8 @@ std::vector<int> DefaultOrder(bool reversed = false) {
     return order;
 }
 
-// Only a stored block of exactly 52 bytes is taken as the column order.
-TEST_F(ProcessListViewTest, ColumnOrderIsRestoredFromABlockOfExactly52Bytes) {
+// Only a stored block of exactly 52 bytes is taken as the column order; the order is saved as the list shows it.
+TEST_F(ProcessListViewTest, ColumnOrderIsRestoredFromABlockOfExactly52BytesAndSaved) {
     std::vector<int> stored = DefaultOrder(true);
     stored.push_back(0);
     for (unsigned bytes : {48u, 56u, proclist::kColumnOrderBytes}) {
@@ -352,14 +351,12 @@ TEST_F(ProcessListViewTest, ColumnOrderIsRestoredFromABlockOfExactly52Bytes) {
         list_.RestoreState();
         EXPECT_EQ(ColumnOrder(ListView()), bytes == proclist::kColumnOrderBytes ? DefaultOrder(true) : DefaultOrder());
     }
-}
-
-TEST_F(ProcessListViewTest, ColumnOrderIsSavedFromTheListView) {
+    // Saved from the list view as it is.
     std::vector<int> order = DefaultOrder();
     std::swap(order[1], order[7]);
     ListView_SetColumnOrderArray(ListView(), proclist::kColumnCount, order.data());
     list_.SaveColumnOrder();
-    std::vector<int> stored(proclist::kColumnCount + 1, -1);
+    stored.assign(proclist::kColumnCount + 1, -1);
     unsigned bytesRead = 0;
     wren::regOptions.GetOptionBINARY(options::TaskListColumns.name, stored.data(),
                                      static_cast<unsigned>(stored.size() * sizeof(int)), &bytesRead);
