@@ -1,9 +1,17 @@
 // What the window tests of the process actions share: the program's English resources in the language
-// module, the program's provider with a fresh snapshot, and a hidden window to own dialogs and menus.
+// module, the program's provider with a fresh snapshot, a hidden window to own dialogs and menus, a thread
+// that answers the popup menu this process shows, and a test child with titled windows.
 #pragma once
 #include <windows.h>
 
+#include <functional>
 #include <string>
+#include <thread>
+#include <vector>
+
+#include "child_process.h"
+#include "common/unique_resource.h"
+#include "test_host.h"
 
 namespace actions_test {
 
@@ -11,22 +19,59 @@ namespace actions_test {
 void StartTestApplication();
 // A new snapshot, so that processes started since the last one are in it.
 void RefreshProvider();
-// The display name the provider gives the process, "" when it is not in the snapshot.
-std::wstring ProviderDisplayName(unsigned pid);
-std::wstring ProviderCompanyName(unsigned pid);
+// The display or company name the provider gives the process, "" when it is not in the snapshot.
+std::wstring ProviderName(unsigned pid, bool company = false);
 // A text of the language module in the current language.
 std::wstring Text(unsigned id);
+lmvx::UniqueWindow HiddenOwner();
+// The visible top-level windows of a process, in z-order; only those of one class when it is given.
+std::vector<HWND> VisibleWindowsOf(DWORD pid, const wchar_t* className = nullptr);
 
-class HiddenOwner {
+// Calls poll on a thread of its own every 20 ms until it returns true or Finish is called.
+class PollingThread {
 public:
-    HiddenOwner();
-    ~HiddenOwner();
-    HiddenOwner(const HiddenOwner&) = delete;
-    HiddenOwner& operator=(const HiddenOwner&) = delete;
-    HWND Get() const { return window_; }
+    explicit PollingThread(std::function<bool()> poll);
+    ~PollingThread();
+    PollingThread(const PollingThread&) = delete;
+    PollingThread& operator=(const PollingThread&) = delete;
+    void Finish();
 
 private:
-    HWND window_ = nullptr;
+    HANDLE stop_ = nullptr;
+    std::thread thread_;
+};
+
+// Answers the popup menu this process shows: notes its items, then picks the item with the given text by the
+// keyboard, or closes the menu with Escape when choose is "" or names no item.
+class MenuAnswerer {
+public:
+    explicit MenuAnswerer(std::wstring choose) : choose_(std::move(choose)) {}
+    // Stops watching; the items of the menu that was shown, or none when no menu appeared.
+    std::vector<lmvx_test::SeenItem> Finish() { thread_.Finish(); return items_; }
+    bool MenuWasShown() { thread_.Finish(); return shown_; }
+
+private:
+    bool Answer();
+
+    const std::wstring choose_;
+    bool shown_ = false;
+    std::vector<lmvx_test::SeenItem> items_;
+    PollingThread thread_{[this] { return Answer(); }};
+};
+
+// The test child in its "windows" verb: one top-level window per title ("" for none), the first minimised
+// when asked, all shown before the constructor returns.
+class WindowChild {
+public:
+    explicit WindowChild(const std::vector<std::wstring>& titles, bool firstMinimized = false);
+    DWORD Pid() const { return child_.Pid(); }
+    // The child's visible top-level window with this title (null when there is none).
+    HWND WindowTitled(const std::wstring& title) const;
+    // Waits for the child to end; its exit code is the number of windows it was asked to close, or -1.
+    int WaitForExitCode(DWORD milliseconds) const;
+
+private:
+    lmvx_test::ChildProcess child_;
 };
 
 }  // namespace actions_test

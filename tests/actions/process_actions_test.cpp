@@ -33,7 +33,7 @@ protected:
         return child;
     }
 
-    actions_test::HiddenOwner owner_;
+    const lmvx::UniqueWindow owner_ = actions_test::HiddenOwner();
 };
 
 std::wstring UnknownProcessName(unsigned pid) {
@@ -52,9 +52,9 @@ void ExpectOneWarning(const std::vector<SeenBox>& seen, unsigned captionId, unsi
 
 void ExpectConfirmation(const SeenBox& box, const wchar_t* caption, unsigned pid) {
     EXPECT_EQ(caption, box.caption);
-    ASSERT_FALSE(actions_test::ProviderDisplayName(pid).empty());
-    EXPECT_EQ(actions_test::ProviderDisplayName(pid), box.controlTexts.at(IDC_CONFIRM_NAME));
-    EXPECT_EQ(actions_test::ProviderCompanyName(pid), box.controlTexts.at(IDC_CONFIRM_COMPANY));
+    ASSERT_FALSE(actions_test::ProviderName(pid).empty());
+    EXPECT_EQ(actions_test::ProviderName(pid), box.controlTexts.at(IDC_CONFIRM_NAME));
+    EXPECT_EQ(actions_test::ProviderName(pid, true), box.controlTexts.at(IDC_CONFIRM_COMPANY));
     EXPECT_TRUE(box.hasIcon);
 }
 
@@ -122,7 +122,7 @@ TEST_F(ProcessActions, EachActionOnAnEndedProcessWarns) {
 TEST_F(ProcessActions, ConfirmationShowsTheCompanyOfTheTarget) {
     // This test program carries the program's version resource, so it has a company to show.
     actions_test::RefreshProvider();
-    ASSERT_FALSE(actions_test::ProviderCompanyName(GetCurrentProcessId()).empty());
+    ASSERT_FALSE(actions_test::ProviderName(GetCurrentProcessId(), true).empty());
     DialogAnswerer answerer(IDCANCEL);
     EXPECT_EQ(0, lmvx::actions::Terminate(GetCurrentProcessId(), owner_.Get()));
     const std::vector<SeenBox> seen = answerer.Seen();
@@ -193,14 +193,11 @@ TEST_F(ProcessActions, PageOutAsksAndSucceedsQuietly) {
 
 // ---- Priority ----
 
-struct PriorityCase {
-    unsigned commandId;
-    DWORD priorityClass;
-};
-
-TEST_F(ProcessActions, EachPriorityCommandSetsItsClassWithoutAsking) {
+// Each priority command sets its class without asking; other commands change nothing and say nothing; a
+// process that cannot be opened (process id 0, the idle process) gets a warning, not silence.
+TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarn) {
     ChildProcess child = StartSleeper();
-    const PriorityCase cases[] = {
+    const std::pair<unsigned, DWORD> cases[] = {
         {IDM_PRIORITY_IDLE, IDLE_PRIORITY_CLASS},
         {IDM_PRIORITY_BELOW_NORMAL, BELOW_NORMAL_PRIORITY_CLASS},
         {IDM_PRIORITY_NORMAL, NORMAL_PRIORITY_CLASS},
@@ -208,28 +205,16 @@ TEST_F(ProcessActions, EachPriorityCommandSetsItsClassWithoutAsking) {
         {IDM_PRIORITY_HIGH, HIGH_PRIORITY_CLASS},
         {IDM_PRIORITY_REALTIME, REALTIME_PRIORITY_CLASS},
     };
-    DialogAnswerer answerer(IDCANCEL);
-    for (const PriorityCase& priority : cases) {
-        EXPECT_EQ(1, lmvx::actions::SetPriority(child.Pid(), priority.commandId, owner_.Get()));
-        EXPECT_EQ(priority.priorityClass, GetPriorityClass(child.Handle())) << "command " << priority.commandId;
-    }
-    EXPECT_TRUE(answerer.Seen().empty());
-}
-
-TEST_F(ProcessActions, OtherCommandsChangeNoPriorityAndSayNothing) {
-    ChildProcess child = StartSleeper();
-    const DWORD before = GetPriorityClass(child.Handle());
     DialogAnswerer answerer(IDOK);
-    for (unsigned commandId : {201u, static_cast<unsigned>(IDM_PRIORITY_PAUSED), 199u, 0u}) {
-        EXPECT_EQ(0, lmvx::actions::SetPriority(child.Pid(), commandId, owner_.Get())) << commandId;
+    for (const auto& [command, priorityClass] : cases) {
+        EXPECT_EQ(1, lmvx::actions::SetPriority(child.Pid(), command, owner_.Get()));
+        EXPECT_EQ(priorityClass, GetPriorityClass(child.Handle())) << "command " << command;
     }
-    EXPECT_EQ(before, GetPriorityClass(child.Handle()));
+    for (unsigned command : {201u, static_cast<unsigned>(IDM_PRIORITY_PAUSED), 199u, 0u}) {
+        EXPECT_EQ(0, lmvx::actions::SetPriority(child.Pid(), command, owner_.Get())) << command;
+    }
+    EXPECT_EQ(static_cast<DWORD>(REALTIME_PRIORITY_CLASS), GetPriorityClass(child.Handle()));
     EXPECT_TRUE(answerer.Seen().empty());
-}
-
-TEST_F(ProcessActions, ProcessThatCannotBeOpenedGetsAWarningNotSilence) {
-    // Process id 0 is the idle process, which no program may open.
-    DialogAnswerer answerer(IDOK);
     EXPECT_EQ(0, lmvx::actions::SetPriority(0, IDM_PRIORITY_NORMAL, owner_.Get()));
     ExpectOneWarning(answerer.Seen(), IDS_CHANGE_PRIORITY, IDS_ERR_CHANGE_PRIORITY);
 }

@@ -8,17 +8,14 @@
 
 #include "action_test_environment.h"
 #include "command_ids.h"
-#include "menu_answerer.h"
-#include "message_pump.h"
 #include "string_ids.h"
-#include "window_child_process.h"
 
 namespace {
 
 constexpr DWORD kWaitMs = 10000;
 
 using actions_test::MenuAnswerer;
-using actions_test::SeenMenuItem;
+using lmvx_test::SeenItem;
 using actions_test::WindowChild;
 
 class ProcessWindows : public testing::Test {
@@ -31,7 +28,7 @@ protected:
         ASSERT_EQ(owner_.Get(), GetWindow(GetDesktopWindow(), GW_CHILD));
     }
 
-    actions_test::HiddenOwner owner_;
+    const lmvx::UniqueWindow owner_ = actions_test::HiddenOwner();
 };
 
 // True when first lies above second in z-order.
@@ -51,7 +48,7 @@ TEST_F(ProcessWindows, AWindowWithoutTitleDoesNotCountAndTheMenuSaysSo) {
 
     MenuAnswerer menu(L"");
     EXPECT_EQ(0, lmvx::BringProcessWindowToFront(child.Pid(), 100, 100, owner_.Get()));
-    const std::vector<SeenMenuItem> items = menu.Finish();
+    const std::vector<SeenItem> items = menu.Finish();
     ASSERT_EQ(1u, items.size());
     EXPECT_EQ(static_cast<UINT>(IDM_NO_OPEN_WINDOW), items[0].id);
     EXPECT_EQ(actions_test::Text(IDS_NO_OPEN_WINDOW), items[0].text);
@@ -107,7 +104,7 @@ TEST_F(ProcessWindows, OfTwoWindowsOnlyTheChosenOneIsRaisedOrClosed) {
     {
         MenuAnswerer menu(L"");
         EXPECT_EQ(0, lmvx::CloseProcessWindow(child.Pid(), owner_.Get()));
-        const std::vector<SeenMenuItem> items = menu.Finish();
+        const std::vector<SeenItem> items = menu.Finish();
         ASSERT_EQ(2u, items.size());
         EXPECT_EQ(L"Lumivex window B", items[0].text);
         EXPECT_EQ(L"Lumivex window A", items[1].text);
@@ -129,38 +126,32 @@ TEST_F(ProcessWindows, OfTwoWindowsOnlyTheChosenOneIsRaisedOrClosed) {
     EXPECT_EQ(1, lmvx::CountProcessWindows(child.Pid()));
 }
 
-// A thread of this process with one visible titled window; it either answers messages or hangs.
+// A thread of this process with one visible titled window; it either answers messages or hangs until the
+// object goes.
 class WindowThread {
 public:
-    WindowThread(const wchar_t* title, bool hangs) : ready_(CreateEventW(nullptr, TRUE, FALSE, nullptr)),
-                                                     release_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-        thread_ = std::thread([this, title, hangs] {
-            window_ = CreateWindowExW(0, L"STATIC", title, WS_POPUP | WS_VISIBLE, 0, 0, 60, 30, nullptr, nullptr,
-                                      GetModuleHandleW(nullptr), nullptr);
-            SetEvent(ready_);
-            if (hangs) {
-                WaitForSingleObject(release_, INFINITE);   // answers no message meanwhile
-            } else {
-                while (MsgWaitForMultipleObjects(1, &release_, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
-                    MSG message;
-                    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-                }
-            }
-            DestroyWindow(window_);
-        });
-        WaitForSingleObject(ready_, 10000);
+    WindowThread(const wchar_t* title, bool hangs) : thread_([this, title, hangs] {
+        window_ = CreateWindowExW(0, L"STATIC", title, WS_POPUP | WS_VISIBLE, 0, 0, 60, 30, nullptr, nullptr,
+                                  GetModuleHandleW(nullptr), nullptr);
+        SetEvent(ready_.Get());
+        const HANDLE release = release_.Get();
+        while (MsgWaitForMultipleObjects(1, &release, FALSE, INFINITE, hangs ? 0 : QS_ALLINPUT) != WAIT_OBJECT_0) {
+            MSG message;
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        }
+        DestroyWindow(window_);
+    }) {
+        WaitForSingleObject(ready_.Get(), 10000);
     }
     ~WindowThread() {
-        SetEvent(release_);
+        SetEvent(release_.Get());
         thread_.join();
-        CloseHandle(ready_);
-        CloseHandle(release_);
     }
     HWND Window() const { return window_; }
 
 private:
-    HANDLE ready_;
-    HANDLE release_;
+    lmvx::UniqueHandle ready_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    lmvx::UniqueHandle release_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
     HWND window_ = nullptr;
     std::thread thread_;
 };

@@ -74,11 +74,7 @@ std::wstring ClassName(HWND window) {
 }
 
 void PressButton(HWND dialog, int id) {
-    if (HWND button = GetDlgItem(dialog, id)) {
-        PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
-    } else {
-        PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
-    }
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
 }
 
 std::wstring TestBinFolder() {

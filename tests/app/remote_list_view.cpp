@@ -24,42 +24,16 @@ RemoteListView::~RemoteListView() {
     if (process_) CloseHandle(process_);
 }
 
-int RemoteListView::RowCount() const {
-    return static_cast<int>(SendMessageW(listView_, LVM_GETITEMCOUNT, 0, 0));
-}
-
-std::wstring RemoteListView::CellText(int row, int column) const {
-    if (!memory_) return {};
-    LVITEMW item{};
-    item.mask = LVIF_TEXT;
-    item.iItem = row;
-    item.iSubItem = column;
-    item.pszText = reinterpret_cast<wchar_t*>(memory_ + sizeof item);
-    item.cchTextMax = kTextCapacity;
-    WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
-    const wchar_t nothing = L'\0';
-    WriteProcessMemory(process_, memory_ + sizeof item, &nothing, sizeof nothing, nullptr);
-    SendMessageW(listView_, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(memory_));
-    wchar_t text[kTextCapacity] = {};
-    ReadProcessMemory(process_, memory_ + sizeof item, text, sizeof text - sizeof(wchar_t), nullptr);
-    return text;
-}
-
-LPARAM RemoteListView::RowData(int row) const {
-    if (!memory_) return 0;
-    LVITEMW item{};
-    item.mask = LVIF_PARAM;
-    item.iItem = row;
-    WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
-    SendMessageW(listView_, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory_));
-    ReadProcessMemory(process_, memory_, &item, sizeof item, nullptr);
-    return item.lParam;
-}
-
 int RemoteListView::FindRowByData(LPARAM data) const {
-    const int rows = RowCount();
-    for (int row = 0; row < rows; ++row) {
-        if (RowData(row) == data) return row;
+    const int rows = static_cast<int>(SendMessageW(listView_, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < rows && memory_; ++row) {
+        LVITEMW item{};
+        item.mask = LVIF_PARAM;
+        item.iItem = row;
+        WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
+        SendMessageW(listView_, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory_));
+        ReadProcessMemory(process_, memory_, &item, sizeof item, nullptr);
+        if (item.lParam == data) return row;
     }
     return -1;
 }
@@ -84,10 +58,6 @@ bool RemoteListView::SetRowState(int row, UINT state, UINT mask) const {
     item.stateMask = mask;
     WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
     return SendMessageW(listView_, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(memory_)) != 0;
-}
-
-int RemoteListView::SelectedCount() const {
-    return static_cast<int>(SendMessageW(listView_, LVM_GETSELECTEDCOUNT, 0, 0));
 }
 
 }  // namespace lmvx::test

@@ -1,7 +1,8 @@
-// Reads a list view that lives in another process: its rows' texts and item data and its column
-// headers. The request records are placed in the other process's memory, where the control writes.
+// Reads a list view that lives in another process: its rows' item data and its column headers, and sets
+// its rows' states. The request records are placed in the other process's memory, where the control writes.
 #pragma once
 #include <windows.h>
+#include <commctrl.h>
 
 #include <string>
 
@@ -15,15 +16,12 @@ public:
     RemoteListView& operator=(const RemoteListView&) = delete;
 
     bool IsValid() const { return memory_ != nullptr; }
-    int RowCount() const;
-    std::wstring CellText(int row, int column) const;
-    LPARAM RowData(int row) const;
     // The row whose item data is this value, or -1.
     int FindRowByData(LPARAM data) const;
     std::wstring HeaderText(int column) const;
     // Sets the row's state bits under mask, as a click would; false when the control refused.
     bool SetRowState(int row, UINT state, UINT mask) const;
-    int SelectedCount() const;
+    int SelectedCount() const { return static_cast<int>(SendMessageW(listView_, LVM_GETSELECTEDCOUNT, 0, 0)); }
 
 private:
     HWND listView_;

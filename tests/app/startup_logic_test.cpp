@@ -9,12 +9,10 @@
 namespace lmvx {
 namespace {
 
-TEST(HandOverCommandLine, PrefixesTheNativeExecutableAndKeepsTheArguments) {
+// The native executable goes in front of the arguments, all cut to the buffer of 512 characters.
+TEST(HandOverCommandLine, PrefixesTheNativeExecutableAndIsCutTo511Characters) {
     EXPECT_EQ(FormatHandOverCommandLine(L"/a \"b c\""), L"lmvx64.exe /a \"b c\"");
     EXPECT_EQ(FormatHandOverCommandLine(L""), L"lmvx64.exe ");
-}
-
-TEST(HandOverCommandLine, IsCutToTheBufferOf512Characters) {
     const std::wstring longArguments(2000, L'x');
     const std::wstring commandLine = FormatHandOverCommandLine(longArguments.c_str());
     EXPECT_EQ(commandLine.size(), 511u);
@@ -22,22 +20,17 @@ TEST(HandOverCommandLine, IsCutToTheBufferOf512Characters) {
 }
 
 TEST(BuildInfoSwitch, MatchesInAnyCaseAndAtAnyPosition) {
-    EXPECT_TRUE(AsksForBuildInfo(L"/BUILDINFO"));
-    EXPECT_TRUE(AsksForBuildInfo(L"/buildinfo"));
-    EXPECT_TRUE(AsksForBuildInfo(L"-x /BuildInfo -y"));
-    EXPECT_TRUE(AsksForBuildInfo(L"x/buildinfoX"));
-    EXPECT_FALSE(AsksForBuildInfo(L""));
-    EXPECT_FALSE(AsksForBuildInfo(L"BUILDINFO"));
-    EXPECT_FALSE(AsksForBuildInfo(L"/BUILD INFO"));
+    for (const wchar_t* line : {L"/BUILDINFO", L"/buildinfo", L"-x /BuildInfo -y", L"x/buildinfoX"}) {
+        EXPECT_TRUE(AsksForBuildInfo(line)) << line;
+    }
+    for (const wchar_t* line : {L"", L"BUILDINFO", L"/BUILD INFO"}) EXPECT_FALSE(AsksForBuildInfo(line)) << line;
     EXPECT_FALSE(AsksForBuildInfo(nullptr));
 }
 
-TEST(BuildInfoText, NamesFileLineFunctionBuildAndTimestamp) {
+// The text names file, line, function, build and time stamp and is cut to the buffer of 368 characters.
+TEST(BuildInfoText, NamesFileLineFunctionBuildAndTimestampAndIsCutTo367Characters) {
     const std::wstring text = FormatBuildInfo(L"C:\\src\\app\\main.cpp", 76, L"wWinMain", 8212, L"Sep 21 2008", L"20:02:31");
     EXPECT_EQ(text, L"Address:\tmain.cpp[76]:wWinMain\nBuild:\t\t8212\nTimestamp:\tSep 21 2008 (20:02:31)");
-}
-
-TEST(BuildInfoText, IsCutToTheBufferOf368Characters) {
     const std::wstring longName(1000, L'n');
     EXPECT_EQ(FormatBuildInfo(longName.c_str(), 76, L"wWinMain", 8212, L"d", L"t").size(), 367u);
 }
@@ -56,10 +49,9 @@ TEST(LogonLauncher, ReplacesTheFileNameOfTheModulePath) {
 
 TEST(PlacementRestore, OnlyMaximisedSurvivesEverythingElseShowsNormally) {
     EXPECT_EQ(RestoredShowCommand(SW_SHOWMAXIMIZED), static_cast<UINT>(SW_SHOWMAXIMIZED));
-    EXPECT_EQ(RestoredShowCommand(SW_SHOWMINIMIZED), static_cast<UINT>(SW_SHOW));
-    EXPECT_EQ(RestoredShowCommand(SW_MINIMIZE), static_cast<UINT>(SW_SHOW));
-    EXPECT_EQ(RestoredShowCommand(SW_SHOWNORMAL), static_cast<UINT>(SW_SHOW));
-    EXPECT_EQ(RestoredShowCommand(SW_HIDE), static_cast<UINT>(SW_SHOW));
+    for (UINT other : {SW_SHOWMINIMIZED, SW_MINIMIZE, SW_SHOWNORMAL, SW_HIDE}) {
+        EXPECT_EQ(RestoredShowCommand(other), static_cast<UINT>(SW_SHOW)) << other;
+    }
 }
 
 TEST(AboutBox, VersionAndBuildLines) {

@@ -1,6 +1,6 @@
 // The commands of the real lmvx64.exe's main window, posted from outside as the menus would send them:
-// help, the shutdown questions (always answered No), foreground, show and hide, the sibling tools, the
-// elevation request, the language settings and resuming paused processes.
+// help, the shutdown questions (always answered No), the sibling tools, the language settings, the about box,
+// the limited-access dialog, foreground, show and hide, the elevation request and resuming paused processes.
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <commctrl.h>
@@ -21,7 +21,6 @@ namespace {
 
 constexpr DWORD kWaitMs = 30000;
 const std::wstring kMainCaption = L"Orvane Lumivex 5";
-const std::wstring kAppName = L"Lumivex";
 
 using lmvx_test::AnyTextContains;
 
@@ -70,39 +69,71 @@ protected:
 ProgramRunner* MainWindowCommands::program_ = nullptr;
 HWND MainWindowCommands::main_ = nullptr;
 
-TEST_F(MainWindowCommands, HelpWithoutTheHelpFileSaysSoInABoxTitledHelp) {
-    Post(IDM_HELP);
-    HWND box = WaitForBox(L"Help");
-    ASSERT_NE(box, nullptr) << "no help box";
-    EXPECT_TRUE(AnyTextContains(box, L"Helpfile not found."));
-    PressButton(box, IDOK);
-    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
-    EXPECT_TRUE(ProgramStillRuns());
-}
-
-struct ShutdownCase {
+// Help without the help file says so in a box titled Help; each shutdown question (answered No) leaves
+// everything running; a missing sibling tool is reported in a warning that names it, never ignored
+// silently; the language settings open the language dialog.
+struct BoxCase {
     unsigned command;
-    const wchar_t* question;
+    const wchar_t* caption;   // "": any dialog box other than the main window
+    const wchar_t* text;
+    int button;
 };
 
-class ShutdownConfirmations : public MainWindowCommands, public ::testing::WithParamInterface<ShutdownCase> {};
+class CommandBoxes : public MainWindowCommands, public ::testing::WithParamInterface<BoxCase> {};
 
-TEST_P(ShutdownConfirmations, AnsweringNoLeavesEverythingRunning) {
-    Post(GetParam().command);
-    HWND box = WaitForBox(kAppName);
-    ASSERT_NE(box, nullptr) << "no confirmation";
-    EXPECT_TRUE(AnyTextContains(box, GetParam().question));
-    ASSERT_NE(GetDlgItem(box, IDNO), nullptr) << "the question offers no No";
-    PressButton(box, IDNO);
+TEST_P(CommandBoxes, ShowTheirTextAndTheProgramRunsOnWhenAnswered) {
+    const BoxCase c = GetParam();
+    Post(c.command);
+    HWND box = program_->WaitForWindow(
+        [&](HWND window) {
+            return window != main_ && ClassName(window) == L"#32770" && (!*c.caption || WindowText(window) == c.caption);
+        },
+        kWaitMs);
+    ASSERT_NE(box, nullptr) << "no box for command " << c.command;
+    EXPECT_TRUE(AnyTextContains(box, c.text));
+    if (c.button == IDNO) ASSERT_NE(GetDlgItem(box, IDNO), nullptr) << "the question offers no No";
+    PressButton(box, c.button);
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    RebootLogoffPowerOff, ShutdownConfirmations,
-    ::testing::Values(ShutdownCase{IDM_REBOOT, L"Are you sure you want to reboot the computer?"},
-                      ShutdownCase{IDM_LOGOFF, L"Are you sure you want to log off?"},
-                      ShutdownCase{IDM_POWER_OFF, L"Are you sure you want to power off the computer?"}));
+    HelpShutdownToolsLanguage, CommandBoxes,
+    ::testing::Values(BoxCase{IDM_HELP, L"Help", L"Helpfile not found.", IDOK},
+                      BoxCase{IDM_REBOOT, L"Lumivex", L"Are you sure you want to reboot the computer?", IDNO},
+                      BoxCase{IDM_LOGOFF, L"Lumivex", L"Are you sure you want to log off?", IDNO},
+                      BoxCase{IDM_POWER_OFF, L"Lumivex", L"Are you sure you want to power off the computer?", IDNO},
+                      BoxCase{IDM_TOOL_PULSEWRIGHT, L"Lumivex", L"pulsewright64.exe", IDOK},
+                      BoxCase{IDM_TOOL_HEAPWRIGHT, L"Lumivex", L"heapwright64.exe", IDOK},
+                      BoxCase{IDM_LANGUAGE_SETTINGS, L"", L"", IDCANCEL}));
+
+TEST_F(MainWindowCommands, AboutBoxNamesTheProgramVersionAndBuild) {
+    Post(IDM_ABOUT);
+    HWND about = WaitForBox(L"About Lumivex");
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(WindowText(GetDlgItem(about, IDC_ABOUT_NAME)), L"Orvane Lumivex 5");
+    EXPECT_EQ(WindowText(GetDlgItem(about, IDC_ABOUT_VERSION)), L"Version 5.0 (Build 8212)");
+    EXPECT_EQ(WindowText(GetDlgItem(about, IDC_ABOUT_BUILD)).rfind(L"Built ", 0), 0u);
+    PressButton(about, IDOK);
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(about); }, kWaitMs));
+}
+
+// The limited-access dialog stores the elevation request on OK only.
+TEST_F(MainWindowCommands, LimitedAccessStoresTheElevationRequestOnOkOnly) {
+    for (int button : {IDCANCEL, IDOK}) {
+        Post(IDM_SHOW_DIALOG_277);
+        HWND dialog = WaitForBox(L"Limited Access");
+        ASSERT_NE(dialog, nullptr);
+        HWND box = GetDlgItem(dialog, IDC_LIMITED_REQUEST_ELEVATION);
+        EXPECT_EQ(SendMessageW(box, BM_GETCHECK, 0, 0), BST_UNCHECKED);
+        SendMessageW(box, BM_SETCHECK, BST_CHECKED, 0);
+        PressButton(dialog, button);
+        ASSERT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, kWaitMs));
+        const DWORD expected = button == IDOK ? 1u : 0u;
+        EXPECT_TRUE(lmvx_test::PumpUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == expected; }, kWaitMs))
+            << "button " << button;
+    }
+}
 
 TEST_F(MainWindowCommands, ShowOrHideRestoresAMinimisedHiddenWindow) {
     // Wine's dialog loop shows the dialog (SW_SHOWNORMAL) once, when its queue first runs empty; on a busy
@@ -119,40 +150,12 @@ TEST_F(MainWindowCommands, ShowOrHideRestoresAMinimisedHiddenWindow) {
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return IsWindowVisible(main_) && !IsIconic(main_); }, kWaitMs));
 }
 
-class MissingSiblingTool : public MainWindowCommands,
-                           public ::testing::WithParamInterface<std::pair<unsigned, const wchar_t*>> {};
-
-TEST_P(MissingSiblingTool, IsReportedInAWarningThatNamesIt) {
-    const auto [command, fileName] = GetParam();
-    Post(command);
-    HWND box = WaitForBox(kAppName);
-    ASSERT_NE(box, nullptr) << "a missing tool must not be ignored silently";
-    EXPECT_TRUE(AnyTextContains(box, fileName));
-    PressButton(box, IDOK);
-    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
-    EXPECT_TRUE(ProgramStillRuns());
-}
-
-INSTANTIATE_TEST_SUITE_P(PulsewrightAndHeapwright, MissingSiblingTool,
-                         ::testing::Values(std::make_pair(unsigned{IDM_TOOL_PULSEWRIGHT}, L"pulsewright64.exe"),
-                                           std::make_pair(unsigned{IDM_TOOL_HEAPWRIGHT}, L"heapwright64.exe")));
-
 TEST_F(MainWindowCommands, TheElevationCommandTogglesTheStoredRequest) {
     const DWORD before = ReadDword(L"RequestElevation").value_or(0);
     Post(IDM_TOGGLE_REQUEST_ELEVATION);
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == (before ? 0u : 1u); }, kWaitMs));
     Post(IDM_TOGGLE_REQUEST_ELEVATION);
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return ReadDword(L"RequestElevation").value_or(0) == before; }, kWaitMs));
-}
-
-TEST_F(MainWindowCommands, LanguageSettingsOpensTheLanguageDialog) {
-    Post(IDM_LANGUAGE_SETTINGS);
-    HWND dialog = program_->WaitForWindow(
-        [](HWND window) { return window != main_ && ClassName(window) == L"#32770"; }, kWaitMs);
-    ASSERT_NE(dialog, nullptr) << "no language dialog";
-    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, kWaitMs));
-    EXPECT_TRUE(ProgramStillRuns());
 }
 
 TEST_F(MainWindowCommands, ResumeAllResumesAPausedChild) {

@@ -36,22 +36,12 @@ LRESULT CALLBACK AnswerNoticeClick(int code, WPARAM wParam, LPARAM lParam) {
 
 constexpr DWORD kRowWaitMs = 60000;
 
-const SeenItem* Find(const std::vector<SeenItem>& items, UINT id) {
-    const auto found = std::find_if(items.begin(), items.end(), [&](const SeenItem& i) { return i.id == id; });
-    return found == items.end() ? nullptr : &*found;
-}
-
-const SeenItem* FindText(const std::vector<SeenItem>& items, const std::wstring& text) {
-    const auto found = std::find_if(items.begin(), items.end(), [&](const SeenItem& i) { return i.text == text; });
-    return found == items.end() ? nullptr : &*found;
-}
-
-std::vector<UINT> CheckedIds(const std::vector<SeenItem>& items) {
-    std::vector<UINT> ids;
+// The item with this id, or with this text when one is given; null when there is none.
+const SeenItem* Find(const std::vector<SeenItem>& items, UINT id, const wchar_t* text = nullptr) {
     for (const SeenItem& item : items) {
-        if (item.checked) ids.push_back(item.id);
+        if (text ? item.text == text : item.id == id) return &item;
     }
-    return ids;
+    return nullptr;
 }
 
 class ProcessMenuWindowTest : public ::testing::Test {
@@ -107,11 +97,12 @@ TEST_F(ProcessMenuWindowTest, ContextMenuOfARunningChildOffersEveryActionWithIts
         EXPECT_EQ(item->grayed, grayed) << id;
     }
     EXPECT_TRUE(Find(menu, IDM_PROPERTIES)->isDefault);
-    const SeenItem* priority = FindText(menu, L"Priority");
+    const SeenItem* priority = Find(menu, 0, L"Priority");
     ASSERT_NE(priority, nullptr);
     EXPECT_FALSE(priority->grayed);
     ASSERT_EQ(priority->submenu.size(), 8u);
-    EXPECT_EQ(CheckedIds(priority->submenu), std::vector<UINT>{IDM_PRIORITY_NORMAL});
+    EXPECT_TRUE(Find(priority->submenu, IDM_PRIORITY_NORMAL)->checked);
+    EXPECT_EQ(std::count_if(priority->submenu.begin(), priority->submenu.end(), [](const SeenItem& i) { return i.checked; }), 1);
     EXPECT_FALSE(Find(priority->submenu, IDM_PRIORITY_IDLE)->grayed);
     EXPECT_EQ(priority->submenu.back().text, L"Paused");
     EXPECT_EQ(priority->submenu.back().id, static_cast<UINT>(IDM_PAUSE_PROCESS));
@@ -123,7 +114,7 @@ TEST_F(ProcessMenuWindowTest, ContextMenuOfTheProgramItselfGraysPauseRestartIdle
     EXPECT_TRUE(Find(menu, IDM_PAUSE_PROCESS)->grayed);
     EXPECT_TRUE(Find(menu, IDM_RESTART_PROCESS)->grayed);
     EXPECT_FALSE(Find(menu, IDM_TERMINATE_PROCESS)->grayed);
-    const SeenItem* priority = FindText(menu, L"Priority");
+    const SeenItem* priority = Find(menu, 0, L"Priority");
     ASSERT_NE(priority, nullptr);
     EXPECT_TRUE(Find(priority->submenu, IDM_PRIORITY_IDLE)->grayed);
     EXPECT_FALSE(Find(priority->submenu, IDM_PRIORITY_HIGH)->grayed);
@@ -138,25 +129,14 @@ TEST_F(ProcessMenuWindowTest, PrioritySubmenuFollowsAChangedPriorityClass) {
     EXPECT_TRUE(PumpUntil(
         [&] {
             const lmvx::UniqueMenu submenu = lmvx::BuildPrioritySubmenu(lmvx::g_processList, child.Pid());
-            return submenu && CheckedIds(ReadMenu(submenu.Get())) == std::vector<UINT>{IDM_PRIORITY_BELOW_NORMAL};
+            return submenu && lmvx_test::CheckedCommands(submenu.Get()) == std::vector<UINT>{IDM_PRIORITY_BELOW_NORMAL};
         },
         kRowWaitMs));
 }
 
-TEST_F(ProcessMenuWindowTest, TheMainMenusProcessPopupFollowsTheSelectionEachCycle) {
-    lmvx_test::ChildProcess child(L"sleep 60000");
-    ASSERT_TRUE(child.Started());
-    ASSERT_TRUE(main_->SelectProcess(child.Pid(), kRowWaitMs));
-    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, false));
-    ASSERT_TRUE(main_->SelectProcess(GetCurrentProcessId(), kRowWaitMs));
-    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, true));
-
-    wchar_t title[64] = {};
-    GetMenuStringW(GetMenu(main_->Get()), 2, title, 64, MF_BYPOSITION);
-    EXPECT_STREQ(title, L"Process");
-}
-
-TEST_F(ProcessMenuWindowTest, APausedSelectionTurnsTheProcessPopupAndThePauseButtonToResume) {
+// The main menu's Process popup follows the selection each cycle; a paused selection turns the popup and
+// the pane's pause button to Resume.
+TEST_F(ProcessMenuWindowTest, TheProcessPopupAndThePauseButtonFollowTheSelectionAndItsPause) {
     lmvx_test::ChildProcess child(L"sleep 60000");
     ASSERT_TRUE(child.Started());
     ASSERT_TRUE(main_->SelectProcess(child.Pid(), kRowWaitMs));
@@ -185,13 +165,18 @@ TEST_F(ProcessMenuWindowTest, APausedSelectionTurnsTheProcessPopupAndThePauseBut
     const auto menu = RightClickMenu(main_->Get(), main_->List());
     ASSERT_FALSE(menu.empty());
     EXPECT_EQ(menu[0].id, static_cast<UINT>(IDM_RESUME_PROCESS));
-    const SeenItem* priority = FindText(popup, L"Priority");
+    const SeenItem* priority = Find(popup, 0, L"Priority");
     ASSERT_NE(priority, nullptr);
     EXPECT_TRUE(priority->submenu.back().checked) << "the Paused item of the priority submenu";
 
     ASSERT_TRUE(kestrel::PRM_ResumeProcess(child.Pid()));
     EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, false));
     EXPECT_TRUE(pauseButtonReads(L"Pause Process"));
+    ASSERT_TRUE(main_->SelectProcess(GetCurrentProcessId(), kRowWaitMs));
+    EXPECT_TRUE(ProcessPopupShows(IDM_PAUSE_PROCESS, true));
+    wchar_t title[64] = {};
+    GetMenuStringW(GetMenu(main_->Get()), 2, title, 64, MF_BYPOSITION);
+    EXPECT_STREQ(title, L"Process");
 }
 
 TEST_F(ProcessMenuWindowTest, AProcessOutsideTheSnapshotGetsOnlyAGrayedProperties) {

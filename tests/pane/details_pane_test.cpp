@@ -19,30 +19,20 @@ std::vector<std::wstring> g_calls;
 int g_suspendedPid = 0;
 
 void Record(const wchar_t* action, unsigned pid) { g_calls.push_back(std::wstring(action) + L" " + std::to_wstring(pid)); }
-int FakeTerminate(unsigned pid, HWND) { Record(L"terminate", pid); return 0; }
-int FakePause(unsigned pid, HWND) { Record(L"pause", pid); return 0; }
-int FakeResume(unsigned pid, HWND) { Record(L"resume", pid); return 0; }
-int FakeIsSuspended(unsigned pid) { Record(L"test", pid); return static_cast<int>(pid) == g_suspendedPid; }
-int FakePageOut(unsigned pid, HWND) { Record(L"pageout", pid); return 0; }
-int FakeSetPriority(unsigned pid, unsigned command, HWND) { Record((L"priority" + std::to_wstring(command)).c_str(), pid); return 1; }
-void FakeProperties(unsigned pid, HWND) { Record(L"properties", pid); }
-void FakeKernelObjects(unsigned pid, HWND) { Record(L"handles", pid); }
-int FakeWindows(unsigned pid, int, int, HWND) { Record(L"windows", pid); return 0; }
-void FakePriorityMenu(unsigned pid, int, int, HWND) { Record(L"prioritymenu", pid); }
 const wchar_t* FakePriorityName(unsigned priorityClass) { return priorityClass == NORMAL_PRIORITY_CLASS ? L"Normal" : L"Other"; }
 
 lmvx::PaneActions FakeActions() {
     lmvx::PaneActions actions;
-    actions.terminate = FakeTerminate;
-    actions.pause = FakePause;
-    actions.resume = FakeResume;
-    actions.isSuspended = FakeIsSuspended;
-    actions.pageOut = FakePageOut;
-    actions.setPriority = FakeSetPriority;
-    actions.openProperties = FakeProperties;
-    actions.openKernelObjects = FakeKernelObjects;
-    actions.showWindowsMenu = FakeWindows;
-    actions.showPriorityMenu = FakePriorityMenu;
+    actions.terminate = [](unsigned pid, HWND) { Record(L"terminate", pid); return 0; };
+    actions.pause = [](unsigned pid, HWND) { Record(L"pause", pid); return 0; };
+    actions.resume = [](unsigned pid, HWND) { Record(L"resume", pid); return 0; };
+    actions.isSuspended = [](unsigned pid) { Record(L"test", pid); return static_cast<int>(pid) == g_suspendedPid ? 1 : 0; };
+    actions.pageOut = [](unsigned pid, HWND) { Record(L"pageout", pid); return 0; };
+    actions.setPriority = [](unsigned pid, unsigned command, HWND) { Record((L"priority" + std::to_wstring(command)).c_str(), pid); return 1; };
+    actions.openProperties = [](unsigned pid, HWND) { Record(L"properties", pid); };
+    actions.openKernelObjects = [](unsigned pid, HWND) { Record(L"handles", pid); };
+    actions.showWindowsMenu = [](unsigned pid, int, int, HWND) { Record(L"windows", pid); return 0; };
+    actions.showPriorityMenu = [](unsigned pid, int, int, HWND) { Record(L"prioritymenu", pid); };
     actions.priorityName = FakePriorityName;
     return actions;
 }

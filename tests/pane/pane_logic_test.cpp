@@ -38,22 +38,17 @@ TEST(PaneCommandRouting, RoutesTheWindowTestsCannotWatch) {
         EXPECT_EQ(RoutePaneCommand(command).action, PaneAction::Ignore) << command;
 }
 
-TEST(RestartCommandLine, KeepsAShortLineAsItIs) {
+// A short line stays as it is, a long one is cut to 511 characters, no line gives an empty one.
+TEST(RestartCommandLine, KeepsShortLinesAndCutsLongOnesTo511Characters) {
     EXPECT_EQ(RestartCommandLine(L"\"C:\\a b\\x.exe\" -n 5"), L"\"C:\\a b\\x.exe\" -n 5");
-}
-
-TEST(RestartCommandLine, CutsALongLineTo511Characters) {
+    EXPECT_EQ(RestartCommandLine(L""), L"");
+    EXPECT_EQ(RestartCommandLine(nullptr), L"");
     const std::wstring line = L"prog.exe " + std::wstring(700, L'x');
     const std::wstring kept = RestartCommandLine(line.c_str());
     EXPECT_EQ(kept.size(), 511u);
     EXPECT_EQ(kept, line.substr(0, 511));
     EXPECT_EQ(RestartCommandLine(line.substr(0, 511).c_str()).size(), 511u);
     EXPECT_EQ(RestartCommandLine(line.substr(0, 512).c_str()).size(), 511u);
-}
-
-TEST(RestartCommandLine, IsEmptyWithoutALine) {
-    EXPECT_EQ(RestartCommandLine(L""), L"");
-    EXPECT_EQ(RestartCommandLine(nullptr), L"");
 }
 
 TEST(NoteValueName, IsTheImageFileName) {
@@ -63,37 +58,29 @@ TEST(NoteValueName, IsTheImageFileName) {
     EXPECT_EQ(NoteValueName(L""), L"");
 }
 
-TEST(RunMru, ListsACommandWithoutItsSuffix) {
+// A command is listed without its "\\1" suffix (one without is kept); the ordering value and other types are
+// skipped.
+TEST(RunMru, ListsCommandsWithoutTheirSuffixAndSkipsTheRest) {
     EXPECT_EQ(RunMruListEntry(L"a", REG_SZ, L"cmd\\1"), L"cmd");
     EXPECT_EQ(RunMruListEntry(L"b", REG_SZ, L"C:\\tools\\x.exe\\1"), L"C:\\tools\\x.exe");
-}
-
-TEST(RunMru, KeepsACommandWithoutSuffix) {
     EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L"notepad"), L"notepad");
     EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L"C:\\"), L"C:\\");   // the backslash is last, not second to last
     EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L""), L"");
-}
-
-TEST(RunMru, SkipsTheOrderingValueAndOtherTypes) {
     EXPECT_FALSE(RunMruListEntry(L"MRUList", REG_SZ, L"ba"));
     EXPECT_FALSE(RunMruListEntry(L"a", REG_EXPAND_SZ, L"cmd\\1"));
     EXPECT_FALSE(RunMruListEntry(L"a", REG_BINARY, L"cmd\\1"));
     EXPECT_FALSE(RunMruListEntry(L"", REG_SZ, L"cmd\\1"));
 }
 
-TEST(RunCommand, UsesRunasOnlyForTheElevatedChoice) {
+// Runas only for the elevated choice; shell results up to 32 are failures; the system's message has no
+// trailing line break.
+TEST(RunCommand, VerbFailuresAndSystemMessage) {
     EXPECT_EQ(RunVerb(true), nullptr);
     EXPECT_STREQ(RunVerb(false), L"runas");
-}
-
-TEST(RunCommand, ShellResultsUpTo32AreFailures) {
     EXPECT_TRUE(IsShellExecuteFailure(0));
     EXPECT_TRUE(IsShellExecuteFailure(SE_ERR_FNF));
     EXPECT_TRUE(IsShellExecuteFailure(32));
     EXPECT_FALSE(IsShellExecuteFailure(33));
-}
-
-TEST(RunCommand, SystemMessageHasNoTrailingLineBreak) {
     const std::wstring text = SystemMessageText(ERROR_FILE_NOT_FOUND);
     ASSERT_FALSE(text.empty());
     EXPECT_NE(text.back(), L'\n');

@@ -2,6 +2,8 @@
 // a failing start with its warning, and recent commands that (intentionally) never show.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <thread>
 
@@ -52,8 +54,8 @@ TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandAndStaysOpenForAnEmptyLin
               ERROR_SUCCESS);
     const wchar_t command[] = L"lmvx_recent_command\\1";
     const wchar_t order[] = L"z";
-    RegSetValueExW(runMru.Get(), L"z", 0, REG_SZ, reinterpret_cast<const BYTE*>(command), sizeof(command));
-    RegSetValueExW(runMru.Get(), L"MRUList", 0, REG_SZ, reinterpret_cast<const BYTE*>(order), sizeof(order));
+    RegSetKeyValueW(runMru.Get(), nullptr, L"z", REG_SZ, command, sizeof(command));
+    RegSetKeyValueW(runMru.Get(), nullptr, L"MRUList", REG_SZ, order, sizeof(order));
     EXPECT_EQ(lmvx::ReadRunMruEntries(runMru.Get()).back(), L"lmvx_recent_command");
 
     std::wstring currentUser, elevated, text = L"?";
@@ -88,16 +90,9 @@ TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
     const std::wstring marker = folder + L"lmvx_run_marker.txt";
     const std::wstring script = folder + L"lmvx_run_test.bat";
     DeleteFileW(marker.c_str());
-    {
-        const std::wstring helper = lmvx_test::ChildProcess::HelperPath();
-        const std::wstring wide = L"@\"" + helper + L"\" note \"" + marker + L"\" 0\r\n";
-        std::string line;
-        for (wchar_t c : wide) line.push_back(static_cast<char>(c));   // the paths are plain ASCII
-        lmvx::UniqueHandle file(CreateFileW(script.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-        ASSERT_NE(file.Get(), INVALID_HANDLE_VALUE);
-        DWORD written = 0;
-        WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
-    }
+    const std::wstring wide = L"@\"" + lmvx_test::ChildProcess::HelperPath() + L"\" note \"" + marker + L"\" 0\r\n";
+    ASSERT_TRUE(std::ofstream(std::filesystem::path(script), std::ios::binary)
+                << std::string(wide.begin(), wide.end()));   // the paths are plain ASCII
     bool closed = false;
     RunDialogWith(host.Get(), [&](HWND dialog) {
         TypeAndPressOk(dialog, script);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "app/shared_icons.h"
+#include "common/unique_resource.h"
 #include "finch.h"
 #include "test_host.h"
 #include "perf/toolbar.h"
@@ -41,11 +42,15 @@ protected:
     lmvx::Toolbar toolbar;
 };
 
-TEST_F(ToolbarTest, HasEighteenButtonsWithFifteenImages) {
+// Eighteen buttons, enabled, with the table's commands and fifteen images that are the shared icons, not
+// blanks; no button shows its text beside its icon (each is narrower than icon and text together).
+TEST_F(ToolbarTest, ButtonsImagesAndNoTextBesideTheIcons) {
     ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
     EXPECT_TRUE(GetWindowLongPtrW(toolbar.window, GWL_STYLE) & WS_VISIBLE);
     EXPECT_EQ(SendMessageW(toolbar.window, TB_BUTTONCOUNT, 0, 0), static_cast<LRESULT>(kToolbarButtons.size()));
     EXPECT_EQ(ImageList_GetImageCount(toolbar.images.Get()), 15);
+    HDC dc = GetDC(toolbar.window);
+    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(toolbar.window, WM_GETFONT, 0, 0)));
     for (size_t i = 0; i < kToolbarButtons.size(); ++i) {
         TBBUTTON button{};
         ASSERT_TRUE(SendMessageW(toolbar.window, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button)));
@@ -57,11 +62,14 @@ TEST_F(ToolbarTest, HasEighteenButtonsWithFifteenImages) {
         EXPECT_EQ(button.iBitmap, kToolbarButtons[i].image) << i;
         EXPECT_TRUE(button.fsState & TBSTATE_ENABLED) << i;
         EXPECT_FALSE(button.fsStyle & BTNS_SHOWTEXT) << i;
+        RECT rect{};
+        ASSERT_TRUE(SendMessageW(toolbar.window, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&rect)));
+        SIZE text{};
+        GetTextExtentPoint32W(dc, kToolbarButtons[i].english, lstrlenW(kToolbarButtons[i].english), &text);
+        EXPECT_LT(rect.right - rect.left, 16 + text.cx) << kToolbarButtons[i].english;
     }
-}
-
-TEST_F(ToolbarTest, ImagesAreTheSharedIconsNotBlanks) {
-    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
+    SelectObject(dc, old);
+    ReleaseDC(toolbar.window, dc);
     for (int image = 0; image < 15; ++image) {
         IMAGEINFO info{};
         ASSERT_TRUE(ImageList_GetImageInfo(toolbar.images.Get(), image, &info)) << image;
@@ -69,19 +77,17 @@ TEST_F(ToolbarTest, ImagesAreTheSharedIconsNotBlanks) {
     // Two different icons give two different pictures.
     auto pixelsOf = [&](int image) {
         HDC screen = GetDC(nullptr);
-        HDC dc = CreateCompatibleDC(screen);
-        HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
-        HGDIOBJ old = SelectObject(dc, bitmap);
-        RECT all{0, 0, 16, 16};
-        FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        ImageList_Draw(toolbar.images.Get(), image, dc, 0, 0, ILD_NORMAL);
+        const lmvx::UniqueMemoryDc memory(CreateCompatibleDC(screen));
+        const lmvx::UniqueBitmap bitmap(CreateCompatibleBitmap(screen, 16, 16));
+        ReleaseDC(nullptr, screen);
+        HGDIOBJ previous = SelectObject(memory.Get(), bitmap.Get());
+        const RECT all{0, 0, 16, 16};
+        FillRect(memory.Get(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        ImageList_Draw(toolbar.images.Get(), image, memory.Get(), 0, 0, ILD_NORMAL);
         std::wstring pixels;
         for (int y = 0; y < 16; ++y)
-            for (int x = 0; x < 16; ++x) pixels += static_cast<wchar_t>(GetPixel(dc, x, y) & 0xFFFF);
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-        ReleaseDC(nullptr, screen);
+            for (int x = 0; x < 16; ++x) pixels += static_cast<wchar_t>(GetPixel(memory.Get(), x, y) & 0xFFFF);
+        SelectObject(memory.Get(), previous);
         return pixels;
     };
     EXPECT_NE(pixelsOf(0), pixelsOf(7));
@@ -102,22 +108,6 @@ TEST_F(ToolbarTest, TooltipsAreTheButtonTextsInEnglishAndGerman) {
         }
         DestroyWindow(created.window);
     }
-}
-
-TEST_F(ToolbarTest, NoButtonShowsItsTextBesideTheIcon) {
-    ASSERT_TRUE(lmvx::ToolbarCreate(toolbar, host.Get()));
-    HDC dc = GetDC(toolbar.window);
-    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(toolbar.window, WM_GETFONT, 0, 0)));
-    for (size_t i = 0; i < kToolbarButtons.size(); ++i) {
-        if (kToolbarButtons[i].image == lmvx::kToolbarSeparator) continue;
-        RECT button{};
-        ASSERT_TRUE(SendMessageW(toolbar.window, TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&button)));
-        SIZE text{};
-        GetTextExtentPoint32W(dc, kToolbarButtons[i].english, lstrlenW(kToolbarButtons[i].english), &text);
-        EXPECT_LT(button.right - button.left, 16 + text.cx) << kToolbarButtons[i].english;
-    }
-    SelectObject(dc, old);
-    ReleaseDC(toolbar.window, dc);
 }
 
 }  // namespace

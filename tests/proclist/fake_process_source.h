@@ -32,10 +32,8 @@ public:
         std::erase_if(processes, [pid](const FakeProcess& p) { return p.values.pid == pid; });
     }
     FakeProcess* Find(unsigned pid) {
-        for (FakeProcess& process : processes) {
-            if (process.values.pid == pid) return &process;
-        }
-        return nullptr;
+        const int index = GetItemByPid(pid);
+        return index < 0 ? nullptr : &processes[index];
     }
 
     int GetItemCount() const override { return static_cast<int>(processes.size()); }
@@ -52,7 +50,7 @@ public:
     void FillSortKey(int index, proclist::SortField field, proclist::SortKey& key) const override {
         using proclist::SortField;
         const FakeProcess& p = processes[index];
-        switch (field) {
+        switch (field) {   // the fake's own choice of keys, as the provider's
         case SortField::TreePosition: key.treePosition = p.treePosition; break;
         case SortField::ImageName: key.text = p.values.imageName; break;
         case SortField::CpuUsage: key.counter = p.values.cpuPercent; break;

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "app/option_keys.h"
+#include "common/unique_resource.h"
 #include "command_ids.h"
 #include "fake_process_source.h"
 #include "message_counter.h"
@@ -29,27 +30,14 @@ namespace options = lmvx::options;
 
 constexpr wchar_t kStartTimeFormat[] = L"%.2d/%.2d/%.4d %.2d:%.2d:%.2d";
 
-class ImageList {
-public:
-    ImageList() : list_(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0)) {
-        for (const wchar_t* icon : {IDI_APPLICATION, IDI_WARNING, IDI_ERROR}) {
-            ImageList_AddIcon(list_, LoadIconW(nullptr, icon));  // shared system icons: nothing to free
-        }
-    }
-    ~ImageList() { ImageList_Destroy(list_); }
-    ImageList(const ImageList&) = delete;
-    ImageList& operator=(const ImageList&) = delete;
-    HIMAGELIST Get() const { return list_; }
-
-private:
-    HIMAGELIST list_;
-};
-
 class ProcessListViewTest : public ::testing::Test {
 protected:
     void SetUp() override {
         auto owned = std::make_unique<FakeProcessSource>();
         source_ = owned.get();
+        for (const wchar_t* icon : {IDI_APPLICATION, IDI_WARNING, IDI_ERROR}) {
+            ImageList_AddIcon(images_.Get(), LoadIconW(nullptr, icon));   // shared system icons: nothing to free
+        }
         source_->imageList = images_.Get();
         ASSERT_TRUE(list_.Attach(window_.List(), std::move(owned)));
     }
@@ -63,14 +51,19 @@ protected:
 
     ScopedTestApplication app_{L"LumivexProclistViewTest"};
     TestMainWindow window_{false};
-    ImageList images_;
+    lmvx::UniqueImageList images_{ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 4, 0)};
     ProcessListView list_;
     FakeProcessSource* source_ = nullptr;
 };
 
 constexpr unsigned kUnsorted = 13;
 
-TEST_F(ProcessListViewTest, AttachAddsThirteenColumnsInTableOrder) {
+// Attaching adds the thirteen columns in table order and sets exactly full-row select and header drag-drop.
+TEST_F(ProcessListViewTest, AttachAddsTheColumnsAndStyles) {
+    EXPECT_EQ(ListView_GetExtendedListViewStyle(ListView()),
+              static_cast<DWORD>(LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP));
+    EXPECT_EQ(ProcessListView::FromControl(ListView()), &list_);
+    EXPECT_EQ(list_.GetSortState().mode, 0u);
     const wchar_t* headers[] = {L"Process",      L"CPU Usage",  L"I/O",         L"Memory Usage", L"Description",
                                 L"Company Name", L"Path Name",  L"Process ID",  L"Start Time",   L"Username",
                                 L"Handles",      L"USER Objects", L"GDI Objects"};
@@ -92,13 +85,6 @@ TEST_F(ProcessListViewTest, AttachAddsThirteenColumnsInTableOrder) {
     }
 }
 
-TEST_F(ProcessListViewTest, AttachSetsExactlyFullRowSelectAndHeaderDragDrop) {
-    EXPECT_EQ(ListView_GetExtendedListViewStyle(ListView()),
-              static_cast<DWORD>(LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP));
-    EXPECT_EQ(ProcessListView::FromControl(ListView()), &list_);
-    EXPECT_EQ(list_.GetSortState().mode, 0u);
-}
-
 // The control draws from a copy of the provider's icons, taken on its own thread: the provider adds icons on
 // the refresh thread, whose refresh runs while the control may be drawing.
 TEST_F(ProcessListViewTest, IconsTheProviderAddsReachTheControlThroughItsOwnThread) {
@@ -113,6 +99,9 @@ TEST_F(ProcessListViewTest, IconsTheProviderAddsReachTheControlThroughItsOwnThre
     refresh.join();
     EXPECT_EQ(ImageList_GetImageCount(ListView_GetImageList(ListView(), LVSIL_SMALL)), 4);
     EXPECT_EQ(RowImage(ListView(), 0), 3);
+    source_->Find(700)->imageIndex = 1;   // the row's image follows the provider
+    list_.Refresh();
+    EXPECT_EQ(RowImage(ListView(), 0), 1);
 }
 
 TEST_F(ProcessListViewTest, RowsCarryPidsAndFormattedCells) {
@@ -139,16 +128,13 @@ TEST_F(ProcessListViewTest, RowsCarryPidsAndFormattedCells) {
         }
     }
     EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 4100), proclist::kColumnStartTime), L"29/02/2024 23:01:02");
-    EXPECT_EQ(CellText(ListView(), RowOfPid(ListView(), 4200), proclist::kColumnCpuUsage), L"");
-}
-
-TEST_F(ProcessListViewTest, BlankZeroOffShowsZeroCounters) {
-    source_->Add(4300, L"idle.exe");
-    wren::regOptions.SetOptionBOOL(options::BlankZero.name, 0);
+    const int idleRow = RowOfPid(ListView(), 4200);
+    EXPECT_EQ(CellText(ListView(), idleRow, proclist::kColumnCpuUsage), L"");
+    wren::regOptions.SetOptionBOOL(options::BlankZero.name, 0);   // BlankZero off shows zero counters
     list_.Refresh();
-    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnCpuUsage), L"0 %");
-    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnIo), L"0 KB/s");
-    EXPECT_EQ(CellText(ListView(), 0, proclist::kColumnMemoryUsage), L"0 KB");
+    EXPECT_EQ(CellText(ListView(), idleRow, proclist::kColumnCpuUsage), L"0 %");
+    EXPECT_EQ(CellText(ListView(), idleRow, proclist::kColumnIo), L"0 KB/s");
+    EXPECT_EQ(CellText(ListView(), idleRow, proclist::kColumnMemoryUsage), L"0 KB");
 }
 
 // A refresh writes only the cells that changed and asks the control nothing about its rows.
@@ -239,17 +225,12 @@ TEST_F(ProcessListViewTest, TreeModeIndentsByDepthAlsoReversedOtherModesDoNot) {
     EXPECT_EQ(Rows(), (std::vector<unsigned>{200, 111, 110, 100}));
     for (const auto& [pid, depth] : tree) EXPECT_EQ(RowIndent(ListView(), RowOfPid(ListView(), pid)), depth);
 
-    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_PROCESS_ID));
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_PROCESS_ID));   // keeps the reverse flag
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{200, 111, 110, 100}));
     for (const auto& [pid, depth] : tree) EXPECT_EQ(RowIndent(ListView(), RowOfPid(ListView(), pid)), 0);
-}
-
-TEST_F(ProcessListViewTest, RowImageFollowsTheProvider) {
-    source_->Add(700, L"icon.exe").imageIndex = 1;
-    list_.Refresh();
-    EXPECT_EQ(RowImage(ListView(), 0), 1);
-    source_->Find(700)->imageIndex = 2;
-    list_.Refresh();
-    EXPECT_EQ(RowImage(ListView(), 0), 2);
+    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_REVERSE));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{100, 110, 111, 200}));
+    EXPECT_FALSE(list_.OnSortCommand(IDM_RATE_LOW));
 }
 
 // The refresh sorts only when a neighbouring pair other than the last is out of order (the pair check's
@@ -281,15 +262,6 @@ TEST_F(ProcessListViewTest, StoredModeThirteenLeavesTheListUnsorted) {
     EXPECT_TRUE(CheckedCommands(SortMenuOf(window_.Get())).empty());
 }
 
-TEST_F(ProcessListViewTest, ReverseCommandFlipsTheOrder) {
-    list_.SetSortState({proclist::kSortProcessId, false});
-    AddNumbered({10, 20, 30, 40});
-    list_.Refresh();
-    ASSERT_TRUE(list_.OnSortCommand(IDM_SORT_REVERSE));
-    EXPECT_EQ(Rows(), (std::vector<unsigned>{40, 30, 20, 10}));
-    EXPECT_FALSE(list_.OnSortCommand(IDM_RATE_LOW));
-}
-
 TEST_F(ProcessListViewTest, NameSortUsesTheDefaultLocaleOrder) {
     const wchar_t* names[] = {L"zeta.exe", L"Alpha.exe", L"alpha.exe", L"beta.exe", L"Beta.exe"};
     unsigned pid = 1;
@@ -314,27 +286,9 @@ TEST_F(ProcessListViewTest, GdiSortUsesTheProvidersCount) {
     EXPECT_EQ(Rows(), (std::vector<unsigned>{3, 2, 1}));
 }
 
-TEST_F(ProcessListViewTest, HeaderClickSelectsTheShiftedModeAndChecksIt) {
-    AddNumbered({10, 20, 30, 40});
-    source_->Find(10)->values.memoryBytes = 3000;
-    source_->Find(20)->values.memoryBytes = 1000;
-    source_->Find(30)->values.memoryBytes = 2000;
-    source_->Find(40)->values.memoryBytes = 500;
-    list_.SetSortState({proclist::kSortProcessTree, false});
-    HMENU before = SortMenuOf(window_.Get());
-    list_.OnHeaderClick(proclist::kColumnIo);
-    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, false}));
-    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 30, 20, 40}));
-    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_MEMORY_USAGE}));
-    EXPECT_FALSE(IsMenu(before)) << "the replaced submenu is destroyed";
-
-    list_.OnHeaderClick(proclist::kColumnIo);
-    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, true}));
-    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())),
-              (std::vector<UINT>{IDM_SORT_MEMORY_USAGE, IDM_SORT_REVERSE}));
-}
-
-TEST_F(ProcessListViewTest, SortMenuKeepsItsPlaceAndTitle) {
+// The sort submenu keeps its place and title when it is rebuilt; a header click selects the shifted mode and
+// checks it, and the replaced submenu is destroyed.
+TEST_F(ProcessListViewTest, HeaderClickSelectsTheShiftedModeAndChecksItInTheRebuiltSortMenu) {
     wchar_t before[64] = {};
     GetMenuStringW(GetSubMenu(GetMenu(window_.Get()), 1), 0, before, 64, MF_BYPOSITION);
     list_.UpdateSortMenu();
@@ -343,6 +297,23 @@ TEST_F(ProcessListViewTest, SortMenuKeepsItsPlaceAndTitle) {
     EXPECT_STREQ(after, before);
     EXPECT_EQ(GetMenuItemCount(SortMenuOf(window_.Get())), 15);
     EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_START_ORDER}));
+    AddNumbered({10, 20, 30, 40});
+    source_->Find(10)->values.memoryBytes = 3000;
+    source_->Find(20)->values.memoryBytes = 1000;
+    source_->Find(30)->values.memoryBytes = 2000;
+    source_->Find(40)->values.memoryBytes = 500;
+    list_.SetSortState({proclist::kSortProcessTree, false});
+    HMENU replaced = SortMenuOf(window_.Get());
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, false}));
+    EXPECT_EQ(Rows(), (std::vector<unsigned>{10, 30, 20, 40}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())), (std::vector<UINT>{IDM_SORT_MEMORY_USAGE}));
+    EXPECT_FALSE(IsMenu(replaced)) << "the replaced submenu is destroyed";
+
+    list_.OnHeaderClick(proclist::kColumnIo);
+    EXPECT_EQ(list_.GetSortState(), (SortState{proclist::kSortMemoryUsage, true}));
+    EXPECT_EQ(CheckedCommands(SortMenuOf(window_.Get())),
+              (std::vector<UINT>{IDM_SORT_MEMORY_USAGE, IDM_SORT_REVERSE}));
 }
 
 TEST_F(ProcessListViewTest, SortStateIsRestoredAndSaved) {
@@ -364,36 +335,28 @@ std::vector<int> ColumnOrder(HWND list) {
     return order;
 }
 
-std::vector<int> DefaultOrder() {
+std::vector<int> DefaultOrder(bool reversed = false) {
     std::vector<int> order(proclist::kColumnCount);
-    for (int i = 0; i < proclist::kColumnCount; ++i) order[i] = i;
+    for (int i = 0; i < proclist::kColumnCount; ++i) order[i] = reversed ? proclist::kColumnCount - 1 - i : i;
     return order;
 }
 
-std::vector<int> ReversedOrder() {
-    std::vector<int> order = DefaultOrder();
-    std::reverse(order.begin(), order.end());
-    return order;
-}
-
-// Only a stored block of exactly 52 bytes is taken as the column order.
-TEST_F(ProcessListViewTest, ColumnOrderIsRestoredFromABlockOfExactly52Bytes) {
-    std::vector<int> stored = ReversedOrder();
+// Only a stored block of exactly 52 bytes is taken as the column order; the order is saved as the list shows it.
+TEST_F(ProcessListViewTest, ColumnOrderIsRestoredFromABlockOfExactly52BytesAndSaved) {
+    std::vector<int> stored = DefaultOrder(true);
     stored.push_back(0);
     for (unsigned bytes : {48u, 56u, proclist::kColumnOrderBytes}) {
         SCOPED_TRACE(bytes);
         wren::regOptions.SetOptionBINARY(options::TaskListColumns.name, stored.data(), bytes);
         list_.RestoreState();
-        EXPECT_EQ(ColumnOrder(ListView()), bytes == proclist::kColumnOrderBytes ? ReversedOrder() : DefaultOrder());
+        EXPECT_EQ(ColumnOrder(ListView()), bytes == proclist::kColumnOrderBytes ? DefaultOrder(true) : DefaultOrder());
     }
-}
-
-TEST_F(ProcessListViewTest, ColumnOrderIsSavedFromTheListView) {
+    // Saved from the list view as it is.
     std::vector<int> order = DefaultOrder();
     std::swap(order[1], order[7]);
     ListView_SetColumnOrderArray(ListView(), proclist::kColumnCount, order.data());
     list_.SaveColumnOrder();
-    std::vector<int> stored(proclist::kColumnCount + 1, -1);
+    stored.assign(proclist::kColumnCount + 1, -1);
     unsigned bytesRead = 0;
     wren::regOptions.GetOptionBINARY(options::TaskListColumns.name, stored.data(),
                                      static_cast<unsigned>(stored.size() * sizeof(int)), &bytesRead);
@@ -410,12 +373,6 @@ TEST_F(ProcessListViewTest, SortingWithAnEndedProcessStillInTheListDoesNotFail) 
     EXPECT_TRUE(list_.OnSortCommand(IDM_SORT_CPU_USAGE));
     EXPECT_EQ(RowOfPid(ListView(), 20), -1);
 }
-
-}  // namespace
-}  // namespace proclist_test
-
-namespace proclist_test {
-namespace {
 
 // Every row's cells belong to the process whose PID the row carries.
 void ExpectCellsMatchRowPids(HWND list, const FakeProcessSource& source) {

@@ -95,6 +95,12 @@ protected:
         cycle_.SetRate(periodMs);
         ASSERT_TRUE(cycle_.Start());
     }
+    // Runs the cycle every 100 ms until the views were refreshed twice, then stops it.
+    void RunTwoViewRefreshes() {
+        StartCycle(100);
+        ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
+        cycle_.Stop();
+    }
 
     ScopedTestApplication app_{L"LumivexProclistCycleTest"};
     kestrel::TL_PROCESSLIST provider_;
@@ -108,9 +114,7 @@ protected:
 
 TEST_F(RefreshCycleTest, CycleRunsItsStepsInOrderAfterTheProviderUpdate) {
     const unsigned updatesBefore = provider_.GetUpdateCount();
-    StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
-    cycle_.Stop();
+    RunTwoViewRefreshes();
     std::lock_guard guard(log_.lock);
     EXPECT_GT(log_.updatesSeenBySampler, updatesBefore);
     const std::vector<std::string> firstCycle(log_.steps.begin(), log_.steps.begin() + 6);
@@ -123,9 +127,7 @@ TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViews) {
     ASSERT_NE(GetForegroundWindow(), window_.Get());
     proclist::ProcessListView list;
     ASSERT_TRUE(list.Attach(window_.List(), provider_));
-    StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
-    cycle_.Stop();
+    RunTwoViewRefreshes();
     std::lock_guard guard(log_.lock);
     for (DWORD thread : log_.viewThreads) EXPECT_EQ(thread, GetCurrentThreadId());
     EXPECT_GT(ListView_GetItemCount(window_.List()), 0) << "the process list was refreshed through WM_USER 4000";
@@ -135,9 +137,7 @@ TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViews) {
 TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
     SetForegroundWindow(window_.Get());
     if (GetForegroundWindow() != window_.Get()) GTEST_SKIP() << "this display does not let the test take the foreground";
-    StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.ViewRefreshes() >= 2; }, 60000));
-    cycle_.Stop();
+    RunTwoViewRefreshes();
     std::lock_guard guard(log_.lock);
     for (DWORD thread : log_.viewThreads) EXPECT_NE(thread, GetCurrentThreadId());
 }
@@ -172,16 +172,14 @@ TEST_F(RefreshCycleTest, StartSetsTheFourTimersAndEachDoesItsPart) {
     }
 }
 
-TEST_F(RefreshCycleTest, OnlyWParam4000RunsTheViewRefresh) {
+// Only WM_USER with 4000 runs the view refresh; each rate command selects its period, tells the sampler and
+// checks its rate in a rebuilt rate menu.
+TEST_F(RefreshCycleTest, ViewRefreshMessageAndRateCommands) {
     cycle_.Init(window_.Get(), LoggingHooks());
     EXPECT_FALSE(cycle_.OnRefreshMessage(4001));
     EXPECT_EQ(log_.ViewRefreshes(), 0u);
     EXPECT_TRUE(cycle_.OnRefreshMessage(proclist::kViewRefreshRequest));
     EXPECT_EQ(log_.ViewRefreshes(), 1u);
-}
-
-TEST_F(RefreshCycleTest, RateCommandsSelectTheirPeriodsTellTheSamplerAndCheckTheRate) {
-    cycle_.Init(window_.Get(), LoggingHooks());
     const std::pair<unsigned, unsigned> rates[] = {{IDM_RATE_VERY_LOW, 3000}, {IDM_RATE_LOW, 1000},
                                                    {IDM_RATE_MEDIUM, 500},    {IDM_RATE_HIGH, 250},
                                                    {IDM_RATE_VERY_HIGH, 100}};
