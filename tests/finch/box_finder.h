@@ -5,13 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <functional>
 #include <future>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "message_pump.h"
 #include "window_texts.h"
 
 namespace finch_test {
@@ -38,12 +37,8 @@ inline int ShowAndAnswer(ShowWarning show, const wchar_t* title, const wchar_t* 
     const std::wstring caption = L"Lumivex warning " + std::to_wstring(GetCurrentProcessId()) + L"." + std::to_wstring(++serial);
     std::future<int> shown = std::async(std::launch::async, [=] { return show(title, text, caption.c_str()); });
     HWND box = nullptr;
-    for (const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-         !(box = FindWindowW(L"#32770", caption.c_str())) || !IsWindowVisible(box);) {
-        if (std::chrono::steady_clock::now() >= deadline) break;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    EXPECT_TRUE(box && IsWindowVisible(box)) << "no box with the caption appeared";
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { return (box = FindWindowW(L"#32770", caption.c_str())) && IsWindowVisible(box); }, 20000))
+        << "no box with the caption appeared";
     answer(box, lmvx_test::DescendantTexts(box));
     return shown.get();
 }

@@ -14,28 +14,21 @@ LOGFONTW Describe(HFONT font) {
     return description;
 }
 
-struct FontRequest {
-    const wchar_t* face;
-    int width;
-    int height;
-};
-
-class LoadFontTest : public ::testing::TestWithParam<FontRequest> {};
-
-TEST_P(LoadFontTest, KeepsFaceWidthAndHeight) {
-    const FontRequest request = GetParam();
-    finch::UniqueFont font(APIP_LoadFont(request.face, request.width, request.height));
-    ASSERT_TRUE(font);
-    const LOGFONTW description = Describe(font.Get());
-    EXPECT_STREQ(request.face, description.lfFaceName);
-    EXPECT_EQ(request.height, description.lfHeight);
-    EXPECT_EQ(request.width, description.lfWidth);
-    EXPECT_EQ(FW_NORMAL, description.lfWeight);
+TEST(LoadFont, KeepsFaceWidthAndHeight) {
+    const struct {
+        const wchar_t* face;
+        int width, height;
+    } requests[] = {{L"Courier New", 0, -11}, {L"Tahoma", 0, -13}, {L"Courier New", 7, 16}};
+    for (const auto& request : requests) {
+        finch::UniqueFont font(APIP_LoadFont(request.face, request.width, request.height));
+        ASSERT_TRUE(font);
+        const LOGFONTW description = Describe(font.Get());
+        EXPECT_STREQ(request.face, description.lfFaceName);
+        EXPECT_EQ(request.height, description.lfHeight);
+        EXPECT_EQ(request.width, description.lfWidth);
+        EXPECT_EQ(FW_NORMAL, description.lfWeight);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Faces, LoadFontTest,
-                         ::testing::Values(FontRequest{L"Courier New", 0, -11}, FontRequest{L"Tahoma", 0, -13},
-                                           FontRequest{L"Courier New", 7, 16}));
 
 TEST(BoldFont, IsTheBoldMessageFont) {
     ASSERT_NE(nullptr, APIP_hFontBold);

@@ -26,50 +26,33 @@ int FormatThroughVaList(wchar_t* buffer, size_t bytes, const wchar_t* format, ..
     return written;
 }
 
-TEST(FormatString, WideStringArgumentIsReadAsWide) {
+// The text written into a roomy buffer, checked against the count the call returns.
+template <typename... Args>
+std::wstring Formatted(const wchar_t* format, Args... args) {
     wchar_t buffer[64];
-    const int written = APIP_FormatString(buffer, sizeof(buffer), L"%s=%d", L"Gr\u00f6\u00dfe", 42);
-    EXPECT_STREQ(L"Gr\u00f6\u00dfe=42", buffer);
-    EXPECT_EQ(static_cast<int>(std::wcslen(buffer)), written);
+    const int written = APIP_FormatString(buffer, sizeof(buffer), format, args...);
+    EXPECT_EQ(static_cast<int>(std::wcslen(buffer)), written) << buffer;
+    return buffer;
 }
 
+// Wide strings read as wide, Windows-style conversions, and 64-bit arguments that do not shift the ones after them.
 TEST(FormatString, WindowsConversions) {
-    wchar_t buffer[64];
-    APIP_FormatString(buffer, sizeof(buffer), L"0x%.8X|%X|%u", 0x1A2Bu, 0xFFu, 4000000000u);
-    EXPECT_STREQ(L"0x00001A2B|FF|4000000000", buffer);
-    APIP_FormatString(buffer, sizeof(buffer), L"%s, %.2d:%.2d:%.2d", L"Today", 7, 5, 30);
-    EXPECT_STREQ(L"Today, 07:05:30", buffer);
-    APIP_FormatString(buffer, sizeof(buffer), L"CPU Usage: %d%%", 12);
-    EXPECT_STREQ(L"CPU Usage: 12%", buffer);
-    APIP_FormatString(buffer, sizeof(buffer), L"%d", -17);
-    EXPECT_STREQ(L"-17", buffer);
-}
-
-TEST(FormatString, SixtyFourBitConversions) {
-    const std::uint64_t largest = UINT64_MAX;
-    const std::int64_t smallest = INT64_MIN;
-    const std::wstring largestText = std::to_wstring(largest);
-    const std::wstring smallestText = std::to_wstring(smallest);
-    wchar_t buffer[64];
-
-    APIP_FormatString(buffer, sizeof(buffer), L"%I64u", largest);
-    EXPECT_EQ(largestText, buffer);
-    APIP_FormatString(buffer, sizeof(buffer), L"%llu", static_cast<unsigned long long>(largest));
-    EXPECT_EQ(largestText, buffer);
-    APIP_FormatString(buffer, sizeof(buffer), L"%I64d", smallest);
-    EXPECT_EQ(smallestText, buffer);
-    // A 64-bit argument must not shift the ones after it.
-    APIP_FormatString(buffer, sizeof(buffer), L"%I64u/%d", largest, 9);
-    EXPECT_EQ(largestText + L"/9", buffer);
-}
-
-TEST(FormatString, VaListFormWritesTheSameText) {
-    wchar_t direct[32];
+    const std::wstring largest = std::to_wstring(UINT64_MAX), smallest = std::to_wstring(INT64_MIN);
+    const std::pair<std::wstring, std::wstring> cases[] = {
+        {Formatted(L"%s=%d", L"Gr\u00f6\u00dfe", 42), L"Gr\u00f6\u00dfe=42"},
+        {Formatted(L"0x%.8X|%X|%u", 0x1A2Bu, 0xFFu, 4000000000u), L"0x00001A2B|FF|4000000000"},
+        {Formatted(L"%s, %.2d:%.2d:%.2d", L"Today", 7, 5, 30), L"Today, 07:05:30"},
+        {Formatted(L"CPU Usage: %d%%", 12), L"CPU Usage: 12%"},
+        {Formatted(L"%d", -17), L"-17"},
+        {Formatted(L"%I64u", UINT64_MAX), largest},
+        {Formatted(L"%llu", static_cast<unsigned long long>(UINT64_MAX)), largest},
+        {Formatted(L"%I64d", static_cast<std::int64_t>(INT64_MIN)), smallest},
+        {Formatted(L"%I64u/%d", UINT64_MAX, 9), largest + L"/9"},
+    };
+    for (const auto& [written, expected] : cases) EXPECT_EQ(expected, written);
     wchar_t throughList[32];
-    const int directCount = APIP_FormatString(direct, sizeof(direct), L"%s %d", L"abc", 5);
-    const int listCount = FormatThroughVaList(throughList, sizeof(throughList), L"%s %d", L"abc", 5);
-    EXPECT_STREQ(direct, throughList);
-    EXPECT_EQ(directCount, listCount);
+    EXPECT_EQ(5, FormatThroughVaList(throughList, sizeof(throughList), L"%s %d", L"abc", 5));
+    EXPECT_STREQ(L"abc 5", throughList);
 }
 
 // Each whole-character buffer size from 1 to past the text: the text is cut to size - 1 characters,

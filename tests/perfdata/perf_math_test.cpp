@@ -35,26 +35,23 @@ SystemReading Reading(uint64_t tick, uint64_t idle, uint64_t kernel, uint64_t us
     return reading;
 }
 
-TEST(ComputeFigures, KernelTimeIncludesIdleTime) {
-    // 1000 units of processor time: 600 idle, 100 more in the kernel, 300 in user mode.
-    const SystemReading before = Reading(0, 0, 0, 0, 0);
-    const SystemReading after = Reading(1000, 600, 700, 300, 0);
-    const SystemFigures figures = ComputeFigures(before, after);
-    EXPECT_DOUBLE_EQ(figures.cpuUsage, 40.0);
-    EXPECT_DOUBLE_EQ(figures.systemCpuUsage, 10.0);
-}
-
-TEST(ComputeFigures, NoTimePassedIsNoUsage) {
-    const SystemReading same = Reading(5, 10, 20, 30, 40);
-    const SystemFigures figures = ComputeFigures(same, same);
-    EXPECT_DOUBLE_EQ(figures.cpuUsage, 0.0);
-    EXPECT_EQ(figures.contextSwitchesPerSecond, 0u);
-}
-
-TEST(ComputeFigures, CountersGoingBackCountAsNoChange) {
-    const SystemFigures figures = ComputeFigures(Reading(0, 500, 900, 900, 0), Reading(1000, 100, 100, 100, 0));
-    EXPECT_DOUBLE_EQ(figures.cpuUsage, 0.0);
-    EXPECT_DOUBLE_EQ(figures.systemCpuUsage, 0.0);
+// The kernel time includes the idle time; no time passed is no usage, and counters going back count as no change.
+TEST(ComputeFigures, UsageOfTheTimeBetweenTwoReadings) {
+    const struct {
+        SystemReading before, after;
+        double cpu, system;
+    } cases[] = {
+        // 1000 units of processor time: 600 idle, 100 more in the kernel, 300 in user mode.
+        {Reading(0, 0, 0, 0, 0), Reading(1000, 600, 700, 300, 0), 40.0, 10.0},
+        {Reading(5, 10, 20, 30, 40), Reading(5, 10, 20, 30, 40), 0.0, 0.0},
+        {Reading(0, 500, 900, 900, 0), Reading(1000, 100, 100, 100, 0), 0.0, 0.0},
+    };
+    for (const auto& c : cases) {
+        const SystemFigures figures = ComputeFigures(c.before, c.after);
+        EXPECT_DOUBLE_EQ(figures.cpuUsage, c.cpu) << c.after.kernelTime;
+        EXPECT_DOUBLE_EQ(figures.systemCpuUsage, c.system) << c.after.kernelTime;
+        EXPECT_EQ(figures.contextSwitchesPerSecond, 0u);
+    }
 }
 
 TEST(ComputeFigures, ContextSwitchesPerSecondAcrossTheCounterWrap) {

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <memory>
 #include <thread>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,25 +15,20 @@ namespace {
 
 constexpr unsigned kSpan = 180000;
 constexpr unsigned kInterval = 500;
+constexpr unsigned kStart = 1000000;   // the time stamp of a graph's first point
 constexpr COLORREF kFill = RGB(0, 128, 0);
 constexpr COLORREF kLine = RGB(0, 255, 0);
 constexpr COLORREF kBlack = RGB(0, 0, 0);
 
-// A top-down 32-bit DIB selected into a memory DC, with its pixels readable.
+// A top-down 32-bit DIB selected into a memory DC, white until drawn on, with its pixels readable.
 class PixelCanvas {
 public:
     PixelCanvas(int width, int height) : width_(width), height_(height) {
-        dc_ = CreateCompatibleDC(nullptr);
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
+        BITMAPINFO info{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB}};
         bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&bits_), nullptr, 0);
+        EXPECT_TRUE(dc_ && bits_) << width << "x" << height;
         previous_ = SelectObject(dc_, bitmap_);
-        PatBlt(dc_, 0, 0, width, height, WHITENESS);   // anything the graph leaves out stays white
+        PatBlt(dc_, 0, 0, width, height, WHITENESS);
     }
     ~PixelCanvas() {
         SelectObject(dc_, previous_);
@@ -40,38 +36,40 @@ public:
         EXPECT_TRUE(DeleteDC(dc_));
     }
     PixelCanvas(const PixelCanvas&) = delete;
-    PixelCanvas& operator=(const PixelCanvas&) = delete;
 
-    bool Valid() const { return dc_ && bitmap_ && bits_; }
     HDC Dc() const { return dc_; }
     COLORREF Pixel(int x, int y) const {
         GdiFlush();
-        const DWORD value = bits_[static_cast<size_t>(y) * width_ + x];
+        const DWORD value = bits_ ? bits_[static_cast<size_t>(y) * width_ + x] : 0xFF00FF;
         return RGB((value >> 16) & 0xFF, (value >> 8) & 0xFF, value & 0xFF);
     }
-
     std::vector<DWORD> Pixels() const {
         GdiFlush();
-        return std::vector<DWORD>(bits_, bits_ + static_cast<size_t>(width_) * height_);
+        return bits_ ? std::vector<DWORD>(bits_, bits_ + static_cast<size_t>(width_) * height_) : std::vector<DWORD>{};
     }
 
 private:
     int width_, height_;
-    HDC dc_ = nullptr;
+    HDC dc_ = CreateCompatibleDC(nullptr);
     HBITMAP bitmap_ = nullptr;
     HGDIOBJ previous_ = nullptr;
     DWORD* bits_ = nullptr;
 };
 
-// A graph of one series at half its scale over the whole history.
-std::unique_ptr<wren::PERFGRAPH> HalfFullGraph() {
+// A graph of the series' values, fed at points [first, last) of the history, each series scaled to 100 when
+// scaled is set and to its own peak otherwise.
+std::unique_ptr<wren::PERFGRAPH> Graph(std::vector<unsigned> values, unsigned first = 0,
+                                       unsigned last = kSpan / kInterval, bool scaled = true) {
     auto graph = std::make_unique<wren::PERFGRAPH>();
-    graph->Init(kSpan, kInterval, 1);
-    graph->SetScaleMax(100, 0);
-    const unsigned start = GetTickCount();
-    for (unsigned i = 0; i < kSpan / kInterval; ++i) graph->SetDataPoint(50, start + i * kInterval, 0);
+    graph->Init(kSpan, kInterval, static_cast<unsigned>(values.size()));
+    for (unsigned series = 0; series < values.size(); ++series) {
+        if (scaled) graph->SetScaleMax(100, series);
+        for (unsigned i = first; i < last; ++i) graph->SetDataPoint(values[series], kStart + i * kInterval, series);
+    }
     return graph;
 }
+// One series at half its scale over the whole history.
+std::unique_ptr<wren::PERFGRAPH> HalfFullGraph() { return Graph({50}); }
 
 bool DrawFull(wren::PERFGRAPH& graph, HWND window, HDC dc) {
     if (!graph.RenderOpen(window, dc, 0)) return false;
@@ -86,9 +84,7 @@ class PerfGraphRenderSizes : public ::testing::TestWithParam<std::pair<int, int>
 TEST_P(PerfGraphRenderSizes, BackgroundAboveLineOnItFillBelow) {
     const auto [width, height] = GetParam();
     PixelCanvas canvas(width, height);
-    ASSERT_TRUE(canvas.Valid());
-    auto graph = HalfFullGraph();
-    ASSERT_TRUE(DrawFull(*graph, nullptr, canvas.Dc()));
+    ASSERT_TRUE(DrawFull(*HalfFullGraph(), nullptr, canvas.Dc()));
     const int right = width - 1;
     if (height < 20) {
         EXPECT_EQ(canvas.Pixel(right, 0), kLine);   // one row: the line is all there is
@@ -111,12 +107,11 @@ INSTANTIATE_TEST_SUITE_P(Sizes, PerfGraphRenderSizes,
 TEST(PerfGraphRender, PictureSignatureStaysWhileThePixelsStayAndMovesWithThem) {
     constexpr int kWidth = 151, kHeight = 57;
     PixelCanvas canvas(kWidth, kHeight);
-    ASSERT_TRUE(canvas.Valid());
     wren::PERFGRAPH graph;
     EXPECT_EQ(graph.GetPictureSignature(kWidth, kHeight), 0u) << "no history yet";
     graph.Init(kSpan, kInterval, 2);
     graph.SetScaleMax(16u << 20, 0);
-    const unsigned start = 1000000;
+    const unsigned start = kStart;
     graph.SetDataPoint(4u << 20, start, 0);
     graph.SetDataPoint(7, start, 1);   // no scale maximum: scales to its own peak
     EXPECT_EQ(graph.GetPictureSignature(0, kHeight), 0u) << "no area";
@@ -148,93 +143,59 @@ TEST(PerfGraphRender, PictureSignatureStaysWhileThePixelsStayAndMovesWithThem) {
 }
 
 TEST(PerfGraphRender, AValueAboveTheScaleAndWithoutScaleMaximumThePeakReachTheTop) {
-    PixelCanvas canvas(120, 60);
-    ASSERT_TRUE(canvas.Valid());
-    wren::PERFGRAPH above;
-    above.Init(kSpan, kInterval, 1);
-    above.SetScaleMax(100, 0);
-    above.SetDataPoint(250, GetTickCount(), 0);
-    ASSERT_TRUE(DrawFull(above, nullptr, canvas.Dc()));
-    EXPECT_EQ(canvas.Pixel(119, 0), kLine);
+    PixelCanvas above(120, 60), peak(120, 60);
+    ASSERT_TRUE(DrawFull(*Graph({250}, 0, 1), nullptr, above.Dc()));
+    EXPECT_EQ(above.Pixel(119, 0), kLine);
 
-    PixelCanvas second(120, 60);
-    wren::PERFGRAPH peak;
-    peak.Init(kSpan, kInterval, 1);
-    const unsigned start = GetTickCount();
-    peak.SetDataPoint(12345, start, 0);
-    peak.SetDataPoint(0, start + kInterval, 0);
-    ASSERT_TRUE(DrawFull(peak, nullptr, second.Dc()));
-    EXPECT_EQ(second.Pixel(119, 59), kLine);   // newest point, 0: bottom right
+    auto graph = Graph({12345}, 0, 1, false);
+    graph->SetDataPoint(0, kStart + kInterval, 0);
+    ASSERT_TRUE(DrawFull(*graph, nullptr, peak.Dc()));
+    EXPECT_EQ(peak.Pixel(119, 59), kLine);   // newest point, 0: bottom right
     // The peak one point earlier: its column reaches the top row.
     bool peakAtTop = false;
-    for (int x = 100; x < 120; ++x) peakAtTop = peakAtTop || second.Pixel(x, 0) == kLine;
+    for (int x = 100; x < 120; ++x) peakAtTop = peakAtTop || peak.Pixel(x, 0) == kLine;
     EXPECT_TRUE(peakAtTop);
 }
 
-TEST(PerfGraphRender, LaterFillsCoverEarlierOnes) {
-    PixelCanvas canvas(100, 50);
-    ASSERT_TRUE(canvas.Valid());
-    wren::PERFGRAPH graph;
-    graph.Init(kSpan, kInterval, 2);
-    graph.SetScaleMax(100, 0);
-    graph.SetScaleMax(100, 1);
-    const unsigned start = GetTickCount();
-    for (unsigned i = 0; i < kSpan / kInterval; ++i) {
-        graph.SetDataPoint(80, start + i * kInterval, 0);
-        graph.SetDataPoint(30, start + i * kInterval, 1);
-    }
-    ASSERT_TRUE(graph.RenderOpen(nullptr, canvas.Dc(), 0));
-    graph.RenderFill(RGB(128, 128, 0), 0);
-    graph.RenderFill(RGB(0, 0, 128), 1);
-    ASSERT_TRUE(graph.RenderClose());
+TEST(PerfGraphRender, LaterFillsCoverEarlierOnesAndAFillAfterTheGridCoversItInItsOwnColumnsOnly) {
+    PixelCanvas canvas(100, 50), gridded(100, 50);
+    auto graph = Graph({80, 30});
+    ASSERT_TRUE(graph->RenderOpen(nullptr, canvas.Dc(), 0));
+    graph->RenderFill(RGB(128, 128, 0), 0);
+    graph->RenderFill(RGB(0, 0, 128), 1);
+    ASSERT_TRUE(graph->RenderClose());
     EXPECT_EQ(canvas.Pixel(99, 48), RGB(0, 0, 128));   // under both: the later fill
     EXPECT_EQ(canvas.Pixel(99, 20), RGB(128, 128, 0)); // under the higher series only
-}
 
-TEST(PerfGraphRender, AFillDrawnAfterTheGridCoversItAndKeepsToItsOwnColumns) {
-    PixelCanvas canvas(100, 50);
-    ASSERT_TRUE(canvas.Valid());
-    wren::PERFGRAPH graph;
-    graph.Init(kSpan, kInterval, 1);
-    graph.SetScaleMax(100, 0);
-    const unsigned start = GetTickCount();
-    for (unsigned i = 0; i < 20; ++i) graph.SetDataPoint(100, start + i * kInterval, 0);   // a short history
-    ASSERT_TRUE(graph.RenderOpen(nullptr, canvas.Dc(), 0));
-    graph.RenderGrid();
-    graph.RenderFill(kFill, 0);
-    ASSERT_TRUE(graph.RenderClose());
+    auto shortHistory = Graph({100}, 0, 20);
+    ASSERT_TRUE(shortHistory->RenderOpen(nullptr, gridded.Dc(), 0));
+    shortHistory->RenderGrid();
+    shortHistory->RenderFill(kFill, 0);
+    ASSERT_TRUE(shortHistory->RenderClose());
     // The newest points fill their columns from the top row down, over the grid lines drawn before.
-    for (int y : {0, 10, 25, 49}) EXPECT_EQ(canvas.Pixel(99, y), kFill) << y;
+    for (int y : {0, 10, 25, 49}) EXPECT_EQ(gridded.Pixel(99, y), kFill) << y;
     // The columns left of the oldest point keep the background and the grid.
     bool gridLeft = false;
     for (int x = 0; x < 50; ++x) {
-        EXPECT_NE(canvas.Pixel(x, 49), kFill) << x;
-        gridLeft = gridLeft || canvas.Pixel(x, 10) != kBlack;
+        EXPECT_NE(gridded.Pixel(x, 49), kFill) << x;
+        gridLeft = gridLeft || gridded.Pixel(x, 10) != kBlack;
     }
     EXPECT_TRUE(gridLeft);
 }
 
-class TestWindow {
-public:
-    TestWindow(int width, int height) {
-        window_ = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, width, height, nullptr, nullptr, nullptr, nullptr);
-    }
-    ~TestWindow() {
-        if (window_) DestroyWindow(window_);
-    }
-    TestWindow(const TestWindow&) = delete;
-    TestWindow& operator=(const TestWindow&) = delete;
-    HWND Get() const { return window_; }
-
-private:
-    HWND window_ = nullptr;
+struct WindowDestroyer {
+    void operator()(HWND window) const { DestroyWindow(window); }
 };
+using TestWindow = std::unique_ptr<std::remove_pointer_t<HWND>, WindowDestroyer>;
+TestWindow MakeWindow(int width, int height) {
+    return TestWindow(CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, width, height, nullptr, nullptr, nullptr, nullptr));
+}
 
 TEST(PerfGraphRender, IntoAWindowAtItsClientSizeAndRepaintedFromTheLastDrawing) {
-    TestWindow window(173, 61);
-    ASSERT_NE(window.Get(), nullptr);
+    TestWindow window = MakeWindow(173, 61);
+    ASSERT_NE(window, nullptr);
     auto graph = HalfFullGraph();
-    HDC offScreen = graph->RenderOpen(window.Get(), nullptr, 0);
+    HDC offScreen = graph->RenderOpen(window.get(), nullptr, 0);
     ASSERT_NE(offScreen, nullptr);
     BITMAP size{};
     ASSERT_NE(GetObjectW(GetCurrentObject(offScreen, OBJ_BITMAP), sizeof size, &size), 0);
@@ -252,14 +213,10 @@ TEST(PerfGraphRender, IntoAWindowAtItsClientSizeAndRepaintedFromTheLastDrawing) 
 
 TEST(PerfGraphRender, NothingToDrawIntoGivesNoDCAndDeleteEndsAnOpenDrawing) {
     auto graph = HalfFullGraph();
-    TestWindow empty(0, 0);
-    ASSERT_NE(empty.Get(), nullptr);
-    EXPECT_EQ(graph->RenderOpen(empty.Get(), nullptr, 0), nullptr);
-    HWND gone = nullptr;
-    {
-        TestWindow window(50, 50);
-        gone = window.Get();
-    }
+    TestWindow empty = MakeWindow(0, 0);
+    ASSERT_NE(empty, nullptr);
+    EXPECT_EQ(graph->RenderOpen(empty.get(), nullptr, 0), nullptr);
+    const HWND gone = MakeWindow(50, 50).get();
     EXPECT_EQ(graph->RenderOpen(gone, nullptr, 0), nullptr);
     EXPECT_EQ(graph->UpdateGraph(gone, nullptr, 0), 0);
     EXPECT_EQ(graph->UpdateGraph(nullptr, nullptr, 0), 0);
@@ -276,16 +233,16 @@ TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
     const long failuresBefore = wren::GetPerfGraphGdiFreeFailures();
     {
         auto graph = HalfFullGraph();
-        TestWindow window(300, 120);
-        ASSERT_NE(window.Get(), nullptr);
+        TestWindow window = MakeWindow(300, 120);
+        ASSERT_NE(window, nullptr);
         // Two drawings: the one being drawn and the last finished one each hold a bitmap from then on.
-        ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr));
-        ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr));
+        ASSERT_TRUE(DrawFull(*graph, window.get(), nullptr));
+        ASSERT_TRUE(DrawFull(*graph, window.get(), nullptr));
         const long heldAfterTwo = wren::GetPerfGraphGdiObjectCount();
         for (int i = 0; i < 300; ++i) {
-            ASSERT_TRUE(DrawFull(*graph, window.Get(), nullptr)) << "drawing " << i;
-            SetWindowPos(window.Get(), nullptr, 0, 0, 100 + i % 7 * 40, 50 + i % 5 * 30, SWP_NOZORDER | SWP_NOMOVE);
-            graph->UpdateGraph(window.Get(), nullptr, 0);
+            ASSERT_TRUE(DrawFull(*graph, window.get(), nullptr)) << "drawing " << i;
+            SetWindowPos(window.get(), nullptr, 0, 0, 100 + i % 7 * 40, 50 + i % 5 * 30, SWP_NOZORDER | SWP_NOMOVE);
+            graph->UpdateGraph(window.get(), nullptr, 0);
         }
         EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), heldAfterTwo);   // the same bitmaps, reused or replaced
     }
@@ -298,19 +255,19 @@ TEST(PerfGraphRender, FedAndDrawnOnOneThreadWhileAnotherRepaintsAndDraws) {
     const long before = wren::GetPerfGraphGdiObjectCount();
     {
         auto graph = HalfFullGraph();
-        TestWindow window(160, 80);
-        ASSERT_NE(window.Get(), nullptr);
+        TestWindow window = MakeWindow(160, 80);
+        ASSERT_NE(window, nullptr);
         std::atomic<int> failures{0};
         std::thread sampler([&] {
             const unsigned start = GetTickCount();
             for (unsigned i = 0; i < 200; ++i) {
                 graph->SetDataPoint(i % 100, start + i * kInterval, 0);
-                if (!DrawFull(*graph, window.Get(), nullptr)) ++failures;
+                if (!DrawFull(*graph, window.get(), nullptr)) ++failures;
             }
         });
         for (int i = 0; i < 200; ++i) {
-            graph->UpdateGraph(window.Get(), nullptr, 0);
-            if (!DrawFull(*graph, window.Get(), nullptr)) ++failures;
+            graph->UpdateGraph(window.get(), nullptr, 0);
+            if (!DrawFull(*graph, window.get(), nullptr)) ++failures;
         }
         sampler.join();
         EXPECT_EQ(failures.load(), 0);

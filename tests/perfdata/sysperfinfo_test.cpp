@@ -6,7 +6,6 @@
 #include <winternl.h>
 
 #include <algorithm>
-
 #include <vector>
 
 #include "child_process.h"
@@ -18,17 +17,11 @@ namespace {
 long CountSystemProcesses() {
     std::vector<unsigned char> buffer(1 << 20);
     ULONG length = 0;
-    if (NtQuerySystemInformation(SystemProcessInformation, buffer.data(), static_cast<ULONG>(buffer.size()), &length) != 0) {
+    if (NtQuerySystemInformation(SystemProcessInformation, buffer.data(), static_cast<ULONG>(buffer.size()), &length) != 0)
         return -1;
-    }
-    long count = 0;
-    size_t offset = 0;
-    for (;;) {
-        const auto* entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(buffer.data() + offset);
-        ++count;
-        if (entry->NextEntryOffset == 0) break;
-        offset += entry->NextEntryOffset;
-    }
+    long count = 1;
+    for (auto* entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(buffer.data()); entry->NextEntryOffset; ++count)
+        entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(reinterpret_cast<const unsigned char*>(entry) + entry->NextEntryOffset);
     return count;
 }
 

@@ -62,8 +62,8 @@ protected:
 };
 
 // Resting on the CPU pane shows its pop-up, moving within the pop-up keeps it open, the memory pane shows
-// the memory pop-up and hides the CPU one, and leaving hides each.
-TEST_F(PopupHover, EachPaneShowsItsPopupWhileThePointerIsOnItOrThePopup) {
+// the memory pop-up and hides the CPU one, and leaving hides each; a click pins a pop-up until it is closed.
+TEST_F(PopupHover, EachPaneShowsItsPopupWhileThePointerIsOnItOrThePopupAndAClickPinsIt) {
     EXPECT_FALSE(IsShown(cpu_));
     const POINT pane = PaneCentre(lmvx::perf::kPaneCpu);
     MovePointerTo(pane);
@@ -97,12 +97,10 @@ TEST_F(PopupHover, EachPaneShowsItsPopupWhileThePointerIsOnItOrThePopup) {
     EXPECT_NE(std::wstring(value).find(L" MB"), std::wstring::npos) << "physical memory reads \"" << value << "\"";
     MovePointerTo(Elsewhere(host_.Main()));
     EXPECT_TRUE(PumpUntil([&] { return !IsShown(memory_); }, kHideLimitMs));
-}
 
-TEST_F(PopupHover, AClickPinsThePopupUntilItIsClosed) {
+    // A click pins the pop-up until it is closed.
     MovePointerTo(PaneCentre(lmvx::perf::kPaneCpu));
     ASSERT_TRUE(PumpUntil([&] { return IsShown(cpu_); }, kShowLimitMs));
-    RECT popup{};
     GetWindowRect(cpu_, &popup);
     MovePointerTo(CentreOf(popup));
     ClickLeftButton();

@@ -22,35 +22,6 @@ BOOL CALLBACK CollectTooltips(HWND window, LPARAM lParam) {
     return TRUE;
 }
 
-// Memory in another process, freed with the object.
-class RemoteBlock {
-public:
-    RemoteBlock(DWORD pid, SIZE_T size)
-        : process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid)) {
-        if (process_) {
-            address_ = static_cast<BYTE*>(VirtualAllocEx(process_, nullptr, size, MEM_COMMIT, PAGE_READWRITE));
-        }
-    }
-    ~RemoteBlock() {
-        if (address_) VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
-        if (process_) CloseHandle(process_);
-    }
-    RemoteBlock(const RemoteBlock&) = delete;
-    RemoteBlock& operator=(const RemoteBlock&) = delete;
-
-    BYTE* Address() const { return address_; }
-    bool Write(SIZE_T offset, const void* data, SIZE_T size) const {
-        return WriteProcessMemory(process_, address_ + offset, data, size, nullptr) != FALSE;
-    }
-    bool Read(SIZE_T offset, void* data, SIZE_T size) const {
-        return ReadProcessMemory(process_, address_ + offset, data, size, nullptr) != FALSE;
-    }
-
-private:
-    HANDLE process_;
-    BYTE* address_ = nullptr;
-};
-
 }  // namespace
 
 std::vector<std::wstring> ShellTrayTips() {
@@ -61,25 +32,31 @@ std::vector<std::wstring> ShellTrayTips() {
     GetWindowThreadProcessId(tray, &found.shellPid);
     EnumWindows(CollectTooltips, reinterpret_cast<LPARAM>(&found));
 
-    RemoteBlock block(found.shellPid, sizeof(TTTOOLINFOW) + kTextChars * sizeof(wchar_t));
-    if (!block.Address()) return tips;
-    auto* remoteText = reinterpret_cast<wchar_t*>(block.Address() + sizeof(TTTOOLINFOW));
-    for (HWND tooltip : found.tooltips) {
+    // One block in the shell's memory: the request record, then room for the text.
+    HANDLE shell = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, found.shellPid);
+    auto* block = shell ? static_cast<BYTE*>(VirtualAllocEx(shell, nullptr, sizeof(TTTOOLINFOW) + kTextChars * sizeof(wchar_t),
+                                                             MEM_COMMIT, PAGE_READWRITE))
+                        : nullptr;
+    auto* remoteText = reinterpret_cast<wchar_t*>(block + sizeof(TTTOOLINFOW));
+    for (HWND tooltip : block ? found.tooltips : std::vector<HWND>{}) {
         const int count = static_cast<int>(SendMessageW(tooltip, TTM_GETTOOLCOUNT, 0, 0));
         for (int index = 0; index < count; ++index) {
             TTTOOLINFOW info{};
             info.cbSize = sizeof info;
             info.lpszText = remoteText;
             const wchar_t empty = 0;
-            if (!block.Write(0, &info, sizeof info) || !block.Write(sizeof info, &empty, sizeof empty)) continue;
-            if (!SendMessageW(tooltip, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(block.Address()))) continue;
             TTTOOLINFOW back{};
             wchar_t text[kTextChars] = {};
-            if (!block.Read(0, &back, sizeof back) || back.lpszText != remoteText) continue;
-            if (!block.Read(sizeof info, text, sizeof text - sizeof(wchar_t))) continue;
-            tips.emplace_back(text);
+            if (WriteProcessMemory(shell, block, &info, sizeof info, nullptr) &&
+                WriteProcessMemory(shell, remoteText, &empty, sizeof empty, nullptr) &&
+                SendMessageW(tooltip, TTM_ENUMTOOLSW, index, reinterpret_cast<LPARAM>(block)) &&
+                ReadProcessMemory(shell, block, &back, sizeof back, nullptr) && back.lpszText == remoteText &&
+                ReadProcessMemory(shell, remoteText, text, sizeof text - sizeof(wchar_t), nullptr))
+                tips.emplace_back(text);
         }
     }
+    if (block) VirtualFreeEx(shell, block, 0, MEM_RELEASE);
+    if (shell) CloseHandle(shell);
     return tips;
 }
 

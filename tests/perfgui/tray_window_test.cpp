@@ -60,15 +60,15 @@ protected:
     HostedPerfWindow host_;
 };
 
-TEST_F(TrayWindow, TheShellHoldsTheIconWithItsTip) {
+// The icon in the shell with its tip; hovering it shows the CPU pop-up above the taskbar unless the graph
+// option is off; its menu's items and their states follow the window and the options.
+TEST_F(TrayWindow, TheShellHoldsTheIconWithItsTipItsHoverShowsTheCpuPopupAndItsMenuFollowsWindowAndOptions) {
     ASSERT_NE(FindWindowW(L"Shell_TrayWnd", nullptr), nullptr) << "no notification area in this desktop";
     EXPECT_TRUE(ShellHoldsIcon(host_.Main(), lmvx::perf::kTrayIconId));
     const std::vector<std::wstring> tips = ShellTrayTips();
     EXPECT_NE(std::find(tips.begin(), tips.end(), std::wstring(L"Lumivex 2008")), tips.end())
         << tips.size() << " tips in the shell";
-}
 
-TEST_F(TrayWindow, TheMenuItemsAndTheirStatesFollowTheWindowAndTheOptions) {
     std::vector<SeenItem> menu = TrayMenuOf(host_.Main());
     ASSERT_EQ(menu.size(), 6u);
     const std::pair<UINT, const wchar_t*> items[] = {{IDM_TRAY_SHOW_HIDE, L"Hide Lumivex"}, {0, L""},
@@ -85,18 +85,6 @@ TEST_F(TrayWindow, TheMenuItemsAndTheirStatesFollowTheWindowAndTheOptions) {
     EXPECT_TRUE(menu[2].checked);
     EXPECT_FALSE(menu[3].checked);
 
-    ShowWindow(host_.Main(), SW_HIDE);
-    SetWindowPos(host_.Main(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    wren::regOptions.SetOptionBOOL(lmvx::options::ShowTrayPerfWnd.name, 0);
-    menu = TrayMenuOf(host_.Main());
-    ASSERT_EQ(menu.size(), 6u);
-    EXPECT_EQ(menu[0].text, L"Show Lumivex");
-    EXPECT_TRUE(menu[0].isDefault);
-    EXPECT_FALSE(menu[2].checked);
-    EXPECT_TRUE(menu[3].checked);
-}
-
-TEST_F(TrayWindow, HoveringTheIconShowsTheCpuPopupAboveTheTaskbar) {
     HWND cpu = host_.FindPopup(L"CPU Usage History");
     ASSERT_NE(cpu, nullptr);
     MovePointerTo(POINT{5, 5});
@@ -114,6 +102,15 @@ TEST_F(TrayWindow, HoveringTheIconShowsTheCpuPopupAboveTheTaskbar) {
     SendMessageW(host_.Main(), lmvx::perf::kTrayCallbackMessage, lmvx::perf::kTrayIconId, WM_MOUSEMOVE);
     PumpFor(300);
     EXPECT_FALSE(IsWindowVisible(cpu));
+
+    ShowWindow(host_.Main(), SW_HIDE);
+    SetWindowPos(host_.Main(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    menu = TrayMenuOf(host_.Main());
+    ASSERT_EQ(menu.size(), 6u);
+    EXPECT_EQ(menu[0].text, L"Show Lumivex");
+    EXPECT_TRUE(menu[0].isDefault);
+    EXPECT_FALSE(menu[2].checked);
+    EXPECT_TRUE(menu[3].checked);
 }
 
 }  // namespace

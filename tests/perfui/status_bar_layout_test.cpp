@@ -35,17 +35,8 @@ TEST(StatusBarEdges, IconPanesKeepTwentyFivePixelsAndTheLastReachesTheEnd) {
     }
 }
 
-TEST(StatusBarEdges, CreationEdgesAreDefinedForEveryPane) {
-    const StatusBarEdges edges = StatusBarCreationEdges();
-    EXPECT_EQ(edges[0], 100);
-    EXPECT_EQ(edges[1], 250);
-    EXPECT_EQ(edges[2], 450);
-    EXPECT_EQ(edges[3], 475);
-    EXPECT_EQ(edges[4], 500);
-    EXPECT_EQ(edges[5], -1);
-}
-
-TEST(StatusBarEdges, AWideBarLaysOutAsCreated) {
+TEST(StatusBarEdges, CreationEdgesAreDefinedForEveryPaneAndAWideBarLaysOutAsCreated) {
+    EXPECT_EQ(StatusBarCreationEdges(), (StatusBarEdges{100, 250, 450, 475, 500, -1}));
     EXPECT_EQ(StatusBarLayoutEdges(501)[kPaneSpare], 480);
     EXPECT_NE(StatusBarLayoutEdges(501), StatusBarLayoutEdges(500));
 }

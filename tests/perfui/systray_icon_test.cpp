@@ -24,24 +24,11 @@ bool ShellHoldsIcon(HWND owner, int id) {
 
 class SysTrayIcon : public testing::Test {
 protected:
-    void SetUp() override {
-        WNDCLASSW windowClass{};
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.lpszClassName = L"PerfuiTrayOwner";
-        RegisterClassW(&windowClass);
-        owner_ = CreateWindowExW(0, windowClass.lpszClassName, L"tray owner", WS_POPUP, 0, 0, 10, 10, nullptr,
-                                 nullptr, windowClass.hInstance, nullptr);
-        ASSERT_NE(owner_, nullptr);
-        icon_ = LoadIconW(nullptr, IDI_APPLICATION);
-        other_ = LoadIconW(nullptr, IDI_INFORMATION);
-    }
-    void TearDown() override {
-        if (owner_) DestroyWindow(owner_);
-    }
-    HWND owner_ = nullptr;
-    HICON icon_ = nullptr;
-    HICON other_ = nullptr;
+    void SetUp() override { ASSERT_NE(owner_, nullptr); }
+    void TearDown() override { DestroyWindow(owner_); }
+    HWND owner_ = CreateWindowExW(0, L"STATIC", L"tray owner", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    HICON icon_ = LoadIconW(nullptr, IDI_APPLICATION);
+    HICON other_ = LoadIconW(nullptr, IDI_INFORMATION);
 };
 
 TEST_F(SysTrayIcon, ShowAddsTheIconDeleteRemovesItAndThePictureIsKeptForTheNextShow) {

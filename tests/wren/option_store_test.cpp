@@ -28,62 +28,46 @@ protected:
     wren::REGOPTIONS& store_ = wren::regOptions;
 };
 
-TEST_F(OptionStore, NeverWrittenOptionsReadAsTheirDefaults) {
-    EXPECT_EQ(store_.GetOptionBOOL(L"NeverWrittenBool", 0), 0);
-    EXPECT_EQ(store_.GetOptionBOOL(L"NeverWrittenBool", 1), 1);
-    EXPECT_EQ(store_.GetOptionDWORD(L"NeverWrittenDword", 1000u), 1000u);
-    EXPECT_EQ(store_.GetOptionDWORD(L"NeverWrittenDword", 3u), 3u);
-
+// Unwritten options read as their defaults (a block as nothing, its buffer untouched); written ones read back
+// as last written, and land in the Settings key with their registry types.
+TEST_F(OptionStore, DefaultsUntilWrittenThenTheLastWriteInTheSettingsKeyWithItsRegistryType) {
+    EXPECT_EQ(store_.GetOptionBOOL(L"SomeFlag", 0), 0);
+    EXPECT_EQ(store_.GetOptionBOOL(L"SomeFlag", 1), 1);
+    EXPECT_EQ(store_.GetOptionDWORD(L"SomeNumber", 1000u), 1000u);
+    EXPECT_EQ(store_.GetOptionDWORD(L"SomeNumber", 3u), 3u);
     const Block untouched = PatternBlock(7);
     Block buffer = untouched;
     unsigned bytesRead = 1234;
-    store_.GetOptionBINARY(L"NeverWrittenBlock", buffer.data(), sizeof(buffer), &bytesRead);
+    store_.GetOptionBINARY(L"SomeBlock", buffer.data(), sizeof(buffer), &bytesRead);
     EXPECT_EQ(bytesRead, 0u);
     EXPECT_EQ(buffer, untouched);
-}
 
-TEST_F(OptionStore, BoolAndDwordRoundTripAndTheLastWriteWins) {
     for (int flag : {1, 0}) {
         store_.SetOptionBOOL(L"SomeFlag", flag);
         EXPECT_EQ(store_.GetOptionBOOL(L"SomeFlag", !flag), flag);
     }
-    for (unsigned value : {0u, 100u, 3000u, 0x80000000u, 0xffffffffu, 2u}) {
+    for (unsigned value : {0u, 100u, 3000u, 0x80000000u, 0xffffffffu, 500u}) {
         EXPECT_EQ(store_.SetOptionDWORD(L"SomeNumber", value), 1);
         EXPECT_EQ(store_.GetOptionDWORD(L"SomeNumber", value + 1), value);
     }
-}
-
-TEST_F(OptionStore, BinaryRoundTripsAndReportsItsSize) {
     const Block written = PatternBlock(1);
     EXPECT_EQ(store_.SetOptionBINARY(L"SomeBlock", written.data(), sizeof(written)), 1);
-    Block read{};
-    unsigned bytesRead = 0;
-    store_.GetOptionBINARY(L"SomeBlock", read.data(), sizeof(read), &bytesRead);
+    store_.GetOptionBINARY(L"SomeBlock", buffer.data(), sizeof(buffer), &bytesRead);
     EXPECT_EQ(bytesRead, sizeof(written));
-    EXPECT_EQ(read, written);
-}
+    EXPECT_EQ(buffer, written);
 
-TEST_F(OptionStore, ValuesLandInTheSettingsKeyWithTheirRegistryTypes) {
     EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\WrenOptionStoreTests\\Settings");
-    store_.SetOptionBOOL(L"TypedBool", 1);
-    store_.SetOptionDWORD(L"TypedDword", 500);
-    const Block block = PatternBlock(3);
-    store_.SetOptionBINARY(L"TypedBlock", block.data(), sizeof(block));
-
-    const RawValue flag = ReadRawValue(L"TypedBool");
-    ASSERT_TRUE(flag.exists);
-    EXPECT_EQ(flag.type, static_cast<DWORD>(REG_DWORD));
-    const RawValue number = ReadRawValue(L"TypedDword");
-    ASSERT_TRUE(number.exists);
-    EXPECT_EQ(number.type, static_cast<DWORD>(REG_DWORD));
-    ASSERT_EQ(number.bytes.size(), sizeof(DWORD));
-    DWORD stored = 0;
-    std::memcpy(&stored, number.bytes.data(), sizeof(stored));
-    EXPECT_EQ(stored, 500u);
-    const RawValue blockValue = ReadRawValue(L"TypedBlock");
-    ASSERT_TRUE(blockValue.exists);
-    EXPECT_EQ(blockValue.type, static_cast<DWORD>(REG_BINARY));
-    EXPECT_EQ(blockValue.bytes, std::vector<BYTE>(block.begin(), block.end()));
+    const DWORD five = 500;
+    const std::pair<const wchar_t*, RawValue> stored[] = {
+        {L"SomeFlag", {true, REG_DWORD, {0, 0, 0, 0}}},
+        {L"SomeNumber", {true, REG_DWORD, std::vector<BYTE>(reinterpret_cast<const BYTE*>(&five), reinterpret_cast<const BYTE*>(&five + 1))}},
+        {L"SomeBlock", {true, REG_BINARY, std::vector<BYTE>(written.begin(), written.end())}},
+    };
+    for (const auto& [name, expected] : stored) {
+        const RawValue value = ReadRawValue(name);
+        EXPECT_TRUE(value.exists && value.type == expected.type && value.bytes == expected.bytes)
+            << "value " << std::string(name, name + std::wcslen(name)) << " of type " << value.type;
+    }
 }
 
 // Reads keep the Settings key open between calls; whatever happens to the key meanwhile, a read sees the

@@ -19,67 +19,39 @@ RECT WorkArea() {
     return workArea;
 }
 
-TEST(CenterWindow, CentresOverTheOtherWindow) {
+// Over a shown window, on the work area without one, and near the work area's edge: where the centring
+// arithmetic (tested on its own) puts the window, and at its own size.
+TEST(CenterWindow, CentresOverTheShownWindowOrTheWorkAreaAndStaysOnIt) {
     const RECT area = WorkArea();
-    const int overWidth = (area.right - area.left) / 2;
-    const int overHeight = (area.bottom - area.top) / 2;
-    UniqueWindow over =
-        CreateTopLevel(area.left + overWidth / 4, area.top + overHeight / 4, overWidth, overHeight, Shown::Yes);
-    UniqueWindow window = CreateTopLevel(area.left, area.top, overWidth / 2, overHeight / 2);
-
-    wren::CenterWindow(window.get(), over.get());
-
-    const RECT placed = WindowRectOf(window.get());
-    const RECT target = WindowRectOf(over.get());
-    EXPECT_NEAR((placed.left + placed.right) / 2, (target.left + target.right) / 2, 1);
-    EXPECT_NEAR((placed.top + placed.bottom) / 2, (target.top + target.bottom) / 2, 1);
-    EXPECT_EQ(placed.right - placed.left, overWidth / 2) << "the size stays";
+    const int width = (area.right - area.left) / 3, height = (area.bottom - area.top) / 3;
+    const RECT middle{area.left + width / 4, area.top + height / 4, area.left + width / 4 + 2 * width,
+                      area.top + height / 4 + 2 * height};
+    const RECT edge{area.right - width / 4, area.bottom - height / 4, area.right + width / 4, area.bottom + height / 4};
+    for (const RECT* over : {&middle, static_cast<const RECT*>(nullptr), &edge}) {
+        SCOPED_TRACE(over == &middle ? "over a window" : over ? "near the edge" : "on the work area");
+        UniqueWindow shown = over ? CreateTopLevel(over->left, over->top, over->right - over->left,
+                                                   over->bottom - over->top, Shown::Yes)
+                                  : UniqueWindow();
+        UniqueWindow window = CreateTopLevel(area.left, area.top, width, height);
+        wren::CenterWindow(window.get(), shown.get());
+        const RECT placed = WindowRectOf(window.get());
+        const RECT target = over ? *over : area;
+        const wren::Position expected =
+            wren::CenteredPosition({placed.left, placed.top, placed.right, placed.bottom},
+                                   {target.left, target.top, target.right, target.bottom},
+                                   {area.left, area.top, area.right, area.bottom});
+        EXPECT_EQ(placed.left, expected.x);
+        EXPECT_EQ(placed.top, expected.y);
+        EXPECT_EQ(placed.right - placed.left, width) << "the size stays";
+        EXPECT_LE(placed.right, area.right);
+        EXPECT_LE(placed.bottom, area.bottom);
+    }
 }
 
-TEST(CenterWindow, WithoutAnOtherWindowCentresOnTheWorkArea) {
-    const RECT area = WorkArea();
-    UniqueWindow window =
-        CreateTopLevel(area.left, area.top, (area.right - area.left) / 3, (area.bottom - area.top) / 3);
-
-    wren::CenterWindow(window.get(), nullptr);
-
-    const RECT placed = WindowRectOf(window.get());
-    EXPECT_NEAR(placed.left - area.left, area.right - placed.right, 1);
-    EXPECT_NEAR(placed.top - area.top, area.bottom - placed.bottom, 1);
-}
-
-TEST(CenterWindow, StaysOnTheWorkAreaNearItsEdge) {
-    const RECT area = WorkArea();
-    const int width = (area.right - area.left) / 3;
-    const int height = (area.bottom - area.top) / 3;
-    UniqueWindow over =
-        CreateTopLevel(area.right - width / 4, area.bottom - height / 4, width / 2, height / 2, Shown::Yes);
-    UniqueWindow window = CreateTopLevel(area.left, area.top, width, height);
-
-    wren::CenterWindow(window.get(), over.get());
-
-    const RECT placed = WindowRectOf(window.get());
-    const wren::Position expected =
-        wren::CenteredPosition({placed.left, placed.top, placed.right, placed.bottom},
-                               {area.right - width / 4, area.bottom - height / 4, area.right - width / 4 + width / 2,
-                                area.bottom - height / 4 + height / 2},
-                               {area.left, area.top, area.right, area.bottom});
-    EXPECT_EQ(placed.left, expected.x);
-    EXPECT_EQ(placed.top, expected.y);
-    EXPECT_LE(placed.right, area.right);
-    EXPECT_LE(placed.bottom, area.bottom);
-}
-
-LONG WeightOf(HFONT font) {
+LOGFONTW Describe(HFONT font) {
     LOGFONTW description{};
     GetObjectW(font, sizeof(description), &description);
-    return description.lfWeight;
-}
-
-std::wstring FaceOf(HFONT font) {
-    LOGFONTW description{};
-    GetObjectW(font, sizeof(description), &description);
-    return description.lfFaceName;
+    return description;
 }
 
 HFONT FontOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
@@ -91,14 +63,14 @@ TEST(Embold, GivesTheControlABoldCopyOfItsFont) {
     HFONT normal = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     SendMessageW(first, WM_SETFONT, reinterpret_cast<WPARAM>(normal), FALSE);
     SendMessageW(second, WM_SETFONT, reinterpret_cast<WPARAM>(normal), FALSE);
-    ASSERT_LT(WeightOf(normal), FW_BOLD);
+    ASSERT_LT(Describe(normal).lfWeight, FW_BOLD);
 
     wren::Embold(parent.get(), 1003);
     wren::Embold(parent.get(), 1004);
 
     ASSERT_NE(FontOf(first), nullptr);
-    EXPECT_EQ(WeightOf(FontOf(first)), FW_BOLD);
-    EXPECT_EQ(FaceOf(FontOf(first)), FaceOf(normal));
+    EXPECT_EQ(Describe(FontOf(first)).lfWeight, FW_BOLD);
+    EXPECT_STREQ(Describe(FontOf(first)).lfFaceName, Describe(normal).lfFaceName);
     EXPECT_EQ(FontOf(first), FontOf(second)) << "one bold font shared, not one per call";
 }
 
