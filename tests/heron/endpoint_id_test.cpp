@@ -12,24 +12,14 @@ namespace heron {
 namespace {
 
 Endpoint SampleEndpoint() {
-    Endpoint endpoint;
-    endpoint.protocol = 0;
-    endpoint.processId = 4321;
-    endpoint.localAddress = {127, 0, 0, 1};
-    endpoint.localPort = 50123;
-    endpoint.remoteAddress = {10, 1, 2, 3};
-    endpoint.remotePort = 443;
-    endpoint.state = 5;
-    return endpoint;
+    return {.protocol = 0, .processId = 4321, .localAddress = {127, 0, 0, 1}, .remoteAddress = {10, 1, 2, 3},
+            .localPort = 50123, .remotePort = 443, .state = 5};
 }
 
-TEST(ComputeGenericID, SameEndpointSameId) {
-    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), ComputeGenericID(SampleEndpoint()));
-    EXPECT_NE(0u, ComputeGenericID(SampleEndpoint()));
-}
-
-TEST(ComputeGenericID, EveryIdentifyingFieldChangesTheId) {
+// The same endpoint has the same non-zero id; every identifying field changes it, state and creation time do not.
+TEST(ComputeGenericID, EveryIdentifyingFieldAndNothingElseChangesTheId) {
     const std::uint32_t original = ComputeGenericID(SampleEndpoint());
+    EXPECT_NE(0u, original);
     const std::pair<const char*, std::function<void(Endpoint&)>> changes[] = {
         {"protocol", [](Endpoint& e) { e.protocol = 16; }},
         {"process", [](Endpoint& e) { e.processId += 4; }},
@@ -48,17 +38,13 @@ TEST(ComputeGenericID, EveryIdentifyingFieldChangesTheId) {
         change(endpoint);
         EXPECT_NE(original, ComputeGenericID(endpoint)) << what;
     }
-}
-
-TEST(ComputeGenericID, StateAndCreationTimeDoNotChangeTheId) {
     Endpoint endpoint = SampleEndpoint();
-    const std::uint32_t original = ComputeGenericID(endpoint);
     endpoint.state = 8;
     endpoint.creationTime = 133000000000000000ull;
     EXPECT_EQ(original, ComputeGenericID(endpoint));
 }
 
-TEST(AssignGenericIDs, DistinctEndpointsKeepTheirOwnIds) {
+TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctIds) {
     std::vector<Endpoint> endpoints;
     for (std::uint32_t port = 1000; port < 1010; ++port) {
         Endpoint endpoint = SampleEndpoint();
@@ -68,16 +54,14 @@ TEST(AssignGenericIDs, DistinctEndpointsKeepTheirOwnIds) {
     const auto ids = AssignGenericIDs(endpoints);
     ASSERT_EQ(endpoints.size(), ids.size());
     for (std::size_t i = 0; i < endpoints.size(); ++i) EXPECT_EQ(ComputeGenericID(endpoints[i]), ids[i]);
-}
 
-TEST(AssignGenericIDs, DuplicateRowsGetDistinctNonZeroIds) {
-    const std::vector<Endpoint> endpoints(3, SampleEndpoint());
-    const auto ids = AssignGenericIDs(endpoints);
-    const std::set<std::uint32_t> distinct(ids.begin(), ids.end());
-    EXPECT_EQ(endpoints.size(), distinct.size());
+    // Duplicate rows get distinct non-zero ids; the first keeps the plain hash, so an endpoint's id does not
+    // move when a duplicate appears.
+    const auto duplicates = AssignGenericIDs(std::vector<Endpoint>(3, SampleEndpoint()));
+    const std::set<std::uint32_t> distinct(duplicates.begin(), duplicates.end());
+    EXPECT_EQ(3u, distinct.size());
     EXPECT_EQ(0u, distinct.count(0));
-    // The first row keeps the plain hash, so an endpoint's ID does not move when a duplicate appears.
-    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), ids[0]);
+    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
 }
 
 // Two different endpoints whose hashes collide, found by a deterministic search over pseudo-random owners

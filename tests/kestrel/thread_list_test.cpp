@@ -26,7 +26,7 @@ protected:
 
 KnownThreads* ThreadListTest::threads_ = nullptr;
 
-TEST_F(ThreadListTest, ListsEveryThreadAndTheBurningOneUsesCpu) {
+TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
     kestrel::PD_THREADLIST list;
     ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
     for (DWORD threadId : {threads_->burning, threads_->suspended, threads_->blocked, threads_->windowed}) {
@@ -47,11 +47,8 @@ TEST_F(ThreadListTest, ListsEveryThreadAndTheBurningOneUsesCpu) {
     const SYSTEMTIME cpu = burning->GetCPUSystemTime();
     EXPECT_EQ(1, cpu.wDay) << "less than a day of CPU shows as day 1";
     EXPECT_NE(0, cpu.wYear) << "creation time is known";
-}
 
-TEST_F(ThreadListTest, TheBlockedThreadStartsInTheChildAndKeepsItsLastError) {
-    kestrel::PD_THREADLIST list;
-    ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
+    // The blocked thread starts in the child and keeps its last error.
     const kestrel::PD_THREADENTRY* blocked = list.FindThread(threads_->blocked);
     ASSERT_NE(nullptr, blocked);
     EXPECT_STREQ(L"lmvx_test_child.exe", blocked->GetModuleName());
@@ -82,13 +79,10 @@ TEST_F(ThreadListTest, SuspendResumeAndTerminateActForReal) {
     EXPECT_FALSE(kestrel::PRM_TerminateThread(other.burning));
 }
 
-TEST(ThreadActions, TheCallingThreadIsRefused) {
+TEST(ThreadActions, TheCallingThreadIsRefusedAndAProcessThatIsNotRunningHasNoThreads) {
     EXPECT_FALSE(kestrel::PRM_SuspendThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_TerminateThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(GetCurrentThreadId()));
-}
-
-TEST(ThreadList, AProcessThatIsNotRunningGivesAnEmptyList) {
     kestrel::PD_THREADLIST list;
     EXPECT_FALSE(list.QueryThreadList(0xFFFFFFF0u));
     EXPECT_EQ(0u, list.GetThreadCount());

@@ -112,7 +112,9 @@ protected:
     std::vector<HWND> pages;
 };
 
-TEST_F(InfoPagesTest, StartPageShowsTheChildsOwnEnvironmentCommandLineAndParent) {
+// The Start page of a child with a known environment; the environment block as far as a buffer reaches; then,
+// once the child has ended, no block and a Start page that says so and ends.
+TEST_F(InfoPagesTest, StartPageShowsTheChildsOwnEnvironmentCommandLineAndParentAndEndsWithIt) {
     const std::wstring dump = pane_test::TestTempFolder() + L"lumivex_start_page_environment.bin";
     DeleteFileW(dump.c_str());
     const std::wstring environment(L"=C:=C:\\lumivex\0LUMIVEX_ONE=1\0LUMIVEX_TWO=a=b\0SystemRoot=C:\\windows\0\0", 67);
@@ -133,6 +135,39 @@ TEST_F(InfoPagesTest, StartPageShowsTheChildsOwnEnvironmentCommandLineAndParent)
     const std::wstring started = Text(page, IDC_START_TIME);
     EXPECT_TRUE(started.starts_with(L"Today, ") || started.starts_with(L"Yesterday, ")) << started;
     DeleteFileW(dump.c_str());
+    DestroyWindow(page);
+
+    unsigned size = 0;
+    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), nullptr, &size));
+    ASSERT_GE(size, environment.size());
+    std::wstring block(size, L'#');
+    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), block.data(), &size));
+    EXPECT_EQ(size, block.size());
+    EXPECT_EQ(block.substr(block.size() - 2), std::wstring(2, L'\0'));
+    EXPECT_NE(block.find(L"LUMIVEX_TWO=a=b"), std::wstring::npos);
+    std::wstring shortBuffer(8, L'#');
+    unsigned shortSize = 5;
+    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), shortBuffer.data(), &shortSize));
+    EXPECT_EQ(shortSize, 5u);
+    EXPECT_EQ(shortBuffer.substr(0, 5), block.substr(0, 5));
+    EXPECT_EQ(shortBuffer.substr(5), L"###");
+
+    const unsigned pid = child.Pid();
+    child.End();
+    EXPECT_FALSE(kestrel::PDM_GetProcessEnvironmentBlock(pid, nullptr, &size));
+    ASSERT_TRUE(lmvx_test::PumpUntil([&] { provider.Update(); return provider.GetItemByPID(pid) < 0; }, 10000));
+    std::wstring message;
+    std::thread answerer([&] {
+        pane_test::WaitForOwnWindow(L"Process Properties", 10000, [&](HWND box) {
+            message = pane_test::ChildTexts(box);
+            PostMessageW(box, WM_COMMAND, IDOK, 0);
+        });
+    });
+    page = Open(IDD_PAGE_START, lmvx::StartPageProc, pid);
+    answerer.join();
+    EXPECT_NE(message.find(L"The process was closed or no information is available."), std::wstring::npos);
+    ASSERT_NE(page, nullptr);
+    EXPECT_FALSE(IsWindowVisible(page));
 }
 
 TEST_F(InfoPagesTest, StartPageOfAProcessWhoseParentEndedShowsTheNotice) {
@@ -159,51 +194,6 @@ TEST_F(InfoPagesTest, StartPageOfAProcessWhoseParentEndedShowsTheNotice) {
     EXPECT_FALSE(Visible(page, IDC_START_PARENT_NAME));
     EXPECT_EQ(Text(page, IDC_START_PARENT_PID), L"n/a");
     EXPECT_NE(Text(page, IDC_START_COMMAND_LINE), L"");
-}
-
-TEST_F(InfoPagesTest, StartPageOfAnEndedProcessSaysSoAndEnds) {
-    ChildProcess child(L"sleep 60000");
-    UpdateUntilListed(child);
-    const unsigned pid = child.Pid();
-    child.End();
-    ASSERT_TRUE(lmvx_test::PumpUntil([&] { provider.Update(); return provider.GetItemByPID(pid) < 0; }, 10000));
-    std::wstring message;
-    std::thread answerer([&] {
-        pane_test::WaitForOwnWindow(L"Process Properties", 10000, [&](HWND box) {
-            message = pane_test::ChildTexts(box);
-            PostMessageW(box, WM_COMMAND, IDOK, 0);
-        });
-    });
-    HWND page = Open(IDD_PAGE_START, lmvx::StartPageProc, pid);
-    answerer.join();
-    EXPECT_NE(message.find(L"The process was closed or no information is available."), std::wstring::npos);
-    ASSERT_NE(page, nullptr);
-    EXPECT_FALSE(IsWindowVisible(page));
-}
-
-TEST_F(InfoPagesTest, EnvironmentBlockIsCopiedAsFarAsTheBufferReachesAndNotAtAllForAnEndedProcess) {
-    const std::wstring environment(L"LUMIVEX_ONE=1\0LUMIVEX_TWO=2\0\0", 30);
-    ChildProcess child(L"sleep 60000", environment);
-    UpdateUntilListed(child);
-    unsigned size = 0;
-    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), nullptr, &size));
-    ASSERT_GE(size, environment.size());
-    std::wstring block(size, L'#');
-    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), block.data(), &size));
-    EXPECT_EQ(size, block.size());
-    EXPECT_EQ(block.substr(block.size() - 2), std::wstring(2, L'\0'));
-    EXPECT_NE(block.find(L"LUMIVEX_TWO=2"), std::wstring::npos);
-
-    std::wstring shortBuffer(8, L'#');
-    unsigned shortSize = 5;
-    ASSERT_TRUE(kestrel::PDM_GetProcessEnvironmentBlock(child.Pid(), shortBuffer.data(), &shortSize));
-    EXPECT_EQ(shortSize, 5u);
-    EXPECT_EQ(shortBuffer.substr(0, 5), block.substr(0, 5));
-    EXPECT_EQ(shortBuffer.substr(5), L"###");
-
-    const unsigned pid = child.Pid();
-    child.End();
-    EXPECT_FALSE(kestrel::PDM_GetProcessEnvironmentBlock(pid, nullptr, &size));
 }
 
 // This process's token, which the child inherits: its user SID and how many groups and privileges it has.
@@ -234,7 +224,9 @@ OwnToken ReadOwnToken() {
     return own;
 }
 
-TEST_F(InfoPagesTest, TokenPageShowsTheChildsUserSidSessionGroupsAndPrivileges) {
+// The Token page shows this process's user and groups, which the child inherits; the Performance and Memory
+// pages follow the child and keep their values when it ends.
+TEST_F(InfoPagesTest, TokenPerformanceAndMemoryPagesOfAChild) {
     ChildProcess child(L"sleep 60000");
     UpdateUntilListed(child);
     HWND page = Open(IDD_PAGE_TOKEN, lmvx::TokenPageProc, child.Pid());
@@ -256,11 +248,7 @@ TEST_F(InfoPagesTest, TokenPageShowsTheChildsUserSidSessionGroupsAndPrivileges) 
         EXPECT_TRUE(name.starts_with(L"Se")) << name;
         EXPECT_TRUE(flags.ends_with(L" ")) << name << L": " << flags;
     }
-}
 
-TEST_F(InfoPagesTest, PerformanceAndMemoryPagesFollowTheProcessAndKeepTheirValuesWhenItEnds) {
-    ChildProcess child(L"sleep 60000");
-    UpdateUntilListed(child);
     kestrel::UpdateProcessHistories(provider);
     HWND performance = Open(IDD_PAGE_PERFORMANCE, lmvx::PerformancePageProc, child.Pid());
     HWND memory = Open(IDD_PAGE_MEMORY, lmvx::MemoryPageProc, child.Pid());
@@ -289,7 +277,7 @@ TEST_F(InfoPagesTest, PerformanceAndMemoryPagesFollowTheProcessAndKeepTheirValue
     EXPECT_EQ(Text(performance, IDC_PERF_PRIORITY), L"Normal");
 }
 
-TEST_F(InfoPagesTest, GeneralPageLoadsNotesUpTo511CharactersAndSavesTheFieldAtClose) {
+TEST_F(InfoPagesTest, GeneralPageLoadsNotesUpTo511CharactersSavesTheFieldAtCloseAndTellsTheDetailsPane) {
     ChildProcess child(L"sleep 60000");
     UpdateUntilListed(child);
     const int item = provider.GetItemByPID(child.Pid());
@@ -319,13 +307,8 @@ TEST_F(InfoPagesTest, GeneralPageLoadsNotesUpTo511CharactersAndSavesTheFieldAtCl
     SetDlgItemTextW(page, IDC_GENERAL_NOTE, L"");
     DestroyWindow(page);
     EXPECT_FALSE(NoteStored(image));
-}
 
-TEST_F(InfoPagesTest, ANoteSavedOnTheGeneralPageReachesTheDetailsPaneShowingTheSameImage) {
-    ChildProcess child(L"sleep 60000");
-    UpdateUntilListed(child);
-    const std::wstring image = provider.GetItemImageName(provider.GetItemByPID(child.Pid()));
-    lmvx::SaveNote(image, L"");
+    // A note saved on the page reaches the details pane showing the same image.
     HWND pane = lmvx::DetailsPaneCreate(host.Get(), host.List(), provider, lmvx::PaneActions{});
     ASSERT_NE(pane, nullptr);
     lmvx::DetailsPaneShowProcess(pane, child.Pid());
@@ -333,7 +316,7 @@ TEST_F(InfoPagesTest, ANoteSavedOnTheGeneralPageReachesTheDetailsPaneShowingTheS
     services.noteSaved = lmvx::AnnounceNoteSaved;
     lmvx::SetPageServices(services);
 
-    HWND page = Open(IDD_PAGE_GENERAL, lmvx::GeneralPageProc, child.Pid());
+    page = Open(IDD_PAGE_GENERAL, lmvx::GeneralPageProc, child.Pid());
     SetDlgItemTextW(page, IDC_GENERAL_NOTE, L"shared with the pane");
     DestroyWindow(page);
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return Text(pane, IDC_PANE_NOTES) == L"shared with the pane"; }, 5000));

@@ -10,33 +10,18 @@
 namespace lmvx {
 namespace {
 
-SYSTEMTIME Date(WORD year, WORD month, WORD day) {
-    SYSTEMTIME time{};
-    time.wYear = year;
-    time.wMonth = month;
-    time.wDay = day;
-    time.wHour = 13;
-    return time;
-}
+SYSTEMTIME Date(WORD year, WORD month, WORD day) { return {year, month, 0, day, 13, 0, 0, 0}; }
 
-TEST(DurationDays, NamesWholeDaysOnly) {
+TEST(DurationDays, NamesWholeDaysOnlyAndAnyFieldMakesADurationNonEmpty) {
     // The provider packs whole days into wDay: 26 hours is one day, 50 hours two, under a day none.
-    EXPECT_EQ(DurationDaysOf(0).textId, 0u);
-    EXPECT_EQ(DurationDaysOf(1).textId, static_cast<unsigned>(IDS_ONE_DAY));
-    EXPECT_EQ(DurationDaysOf(1).count, 1u);
-    EXPECT_EQ(DurationDaysOf(2).textId, static_cast<unsigned>(IDS_DAYS));
-    EXPECT_EQ(DurationDaysOf(2).count, 2u);
-    EXPECT_EQ(DurationDaysOf(3).count, 3u);
-}
-
-TEST(DurationDays, AnyFieldMakesADurationNonEmpty) {
+    const std::pair<unsigned, unsigned> days[] = {{0, 0}, {1, IDS_ONE_DAY}, {2, IDS_DAYS}, {3, IDS_DAYS}};
+    for (const auto& [count, textId] : days) {
+        EXPECT_EQ(DurationDaysOf(count).textId, textId) << count;
+        if (textId) EXPECT_EQ(DurationDaysOf(count).count, count);
+    }
     EXPECT_TRUE(IsEmptyDuration(SYSTEMTIME{}));
-    SYSTEMTIME fiveMinutes{};
-    fiveMinutes.wMinute = 5;
-    EXPECT_FALSE(IsEmptyDuration(fiveMinutes));
-    SYSTEMTIME oneMillisecond{};
-    oneMillisecond.wMilliseconds = 1;
-    EXPECT_FALSE(IsEmptyDuration(oneMillisecond));
+    EXPECT_FALSE(IsEmptyDuration(SYSTEMTIME{0, 0, 0, 0, 0, 5, 0, 0}));
+    EXPECT_FALSE(IsEmptyDuration(SYSTEMTIME{0, 0, 0, 0, 0, 0, 0, 1}));
 }
 
 TEST(StartDay, TodayYesterdayAndDates) {
@@ -48,9 +33,7 @@ TEST(StartDay, TodayYesterdayAndDates) {
     EXPECT_EQ(StartDayOf(Date(2026, 2, 14), today), StartDay::Date);
     EXPECT_EQ(StartDayOf(Date(0, 1, 1), today), StartDay::Unknown);
     EXPECT_EQ(StartDayOf(Date(1601, 1, 1), today), StartDay::Unknown);
-}
-
-TEST(StartDay, TheLastDayOfAMonthSeenOnTheFirstIsADate) {
+    // The last day of a month seen on the first is a date.
     EXPECT_EQ(StartDayOf(Date(2026, 2, 28), Date(2026, 3, 1)), StartDay::Date);
     EXPECT_EQ(StartDayOf(Date(2025, 12, 31), Date(2026, 1, 1)), StartDay::Date);
 }
@@ -69,32 +52,22 @@ Rows Cut(const std::wstring& block) {
     return rows;
 }
 
+// Each string is cut at its first "="; per-drive entries have an empty name; a string without "=" takes the
+// next string as its value; one leading null is skipped; the cut never reads past the block.
 TEST(EnvironmentBlock, CutsEachStringAtItsFirstEquals) {
-    EXPECT_EQ(Cut(std::wstring(L"A=1\0PATH=C:\\x;C:\\y\0B=c=d\0\0", 27)),
-              (Rows{{L"A", L"1"}, {L"PATH", L"C:\\x;C:\\y"}, {L"B", L"c=d"}}));
-}
-
-TEST(EnvironmentBlock, PerDriveEntriesHaveAnEmptyName) {
-    EXPECT_EQ(Cut(std::wstring(L"=C:=C:\\work\0=D:=D:\\\0A=1\0\0", 26)),
-              (Rows{{L"", L"C:=C:\\work"}, {L"", L"D:=D:\\"}, {L"A", L"1"}}));
-}
-
-TEST(EnvironmentBlock, AStringWithoutEqualsTakesTheNextStringAsItsValue) {
-    EXPECT_EQ(Cut(std::wstring(L"LONE\0NEXT=1\0A=2\0\0", 18)), (Rows{{L"LONE", L"NEXT=1"}, {L"A", L"2"}}));
-}
-
-TEST(EnvironmentBlock, OneLeadingNullIsSkipped) {
-    EXPECT_EQ(Cut(std::wstring(L"\0A=1\0\0", 6)), (Rows{{L"A", L"1"}}));
-    EXPECT_EQ(Cut(std::wstring(L"\0\0A=1\0\0", 7)), Rows{});
-}
-
-TEST(EnvironmentBlock, NeverReadsPastTheBlock) {
-    // Without the final empty string, and cut in the middle of a string.
-    EXPECT_EQ(Cut(std::wstring(L"A=1\0B=2", 7)), (Rows{{L"A", L"1"}, {L"B", L"2"}}));
-    EXPECT_EQ(Cut(std::wstring(L"A=1\0LONE", 8)), (Rows{{L"A", L"1"}, {L"LONE", L""}}));
-    EXPECT_EQ(Cut(std::wstring(L"A=", 2)), (Rows{{L"A", L""}}));
-    EXPECT_EQ(Cut(std::wstring(L"LONE\0\0", 6)), (Rows{{L"LONE", L""}}));
-    EXPECT_EQ(Cut(std::wstring()), Rows{});
+    const std::pair<std::wstring, Rows> cases[] = {
+        {{L"A=1\0PATH=C:\\x;C:\\y\0B=c=d\0\0", 27}, {{L"A", L"1"}, {L"PATH", L"C:\\x;C:\\y"}, {L"B", L"c=d"}}},
+        {{L"=C:=C:\\work\0=D:=D:\\\0A=1\0\0", 26}, {{L"", L"C:=C:\\work"}, {L"", L"D:=D:\\"}, {L"A", L"1"}}},
+        {{L"LONE\0NEXT=1\0A=2\0\0", 18}, {{L"LONE", L"NEXT=1"}, {L"A", L"2"}}},
+        {{L"\0A=1\0\0", 6}, {{L"A", L"1"}}},
+        {{L"\0\0A=1\0\0", 7}, {}},
+        {{L"A=1\0B=2", 7}, {{L"A", L"1"}, {L"B", L"2"}}},   // without the final empty string
+        {{L"A=1\0LONE", 8}, {{L"A", L"1"}, {L"LONE", L""}}},
+        {{L"A=", 2}, {{L"A", L""}}},
+        {{L"LONE\0\0", 6}, {{L"LONE", L""}}},
+        {{}, {}},
+    };
+    for (const auto& [block, rows] : cases) EXPECT_EQ(Cut(block), rows) << testing::PrintToString(block);
 }
 
 TEST(GroupFlags, NameTheStrongestAttributeThenRestricted) {

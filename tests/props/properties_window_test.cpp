@@ -83,7 +83,7 @@ bool RefuseQueryInformation(HANDLE process) {
     return refused;
 }
 
-TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelectedOne) {
+TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessShowsOnlyTheSelectedOneAndTellsTheExitCode) {
     HWND frame = OpenProperties();
     ASSERT_NE(frame, nullptr);
     EXPECT_TRUE(PumpUntil([&] { return IsWindowEnabled(main_->Get()) != FALSE; }, kLimitMs));
@@ -109,6 +109,14 @@ TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessAndShowsOnlyTheSelected
         TreeView_SelectItem(tree, items[0].item);   // the root holds no page: the last one stays
         EXPECT_EQ(props_test::VisiblePages(frame), std::vector<HWND>{items.back().page});
     }
+
+    // Once the process has ended the window tells its exit code.
+    HWND notice = GetDlgItem(frame, IDC_PROPERTIES_EXIT_TEXT);
+    EXPECT_FALSE(IsWindowVisible(notice));
+    TerminateProcess(child_.Handle(), 0xC0000005);
+    ASSERT_TRUE(PumpUntil([&] { return IsWindowVisible(notice) != FALSE; }, kLimitMs));
+    EXPECT_EQ(lmvx_test::WindowText(notice), L"The process has exited with code -1073741819 (0xC0000005).");
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(frame, IDC_PROPERTIES_EXIT_ICON)));
 }
 
 TEST_F(PropertiesWindowTest, LeavesOutThePagesThatNeedQueryAccessWhenTheProcessRefusesIt) {
@@ -123,17 +131,6 @@ TEST_F(PropertiesWindowTest, LeavesOutThePagesThatNeedQueryAccessWhenTheProcessR
     std::vector<std::wstring> expected{L"General", L"Start", L"Performance", L"Memory", L"Network", L"Threads"};
     if (modules) expected.insert(expected.end() - 1, L"Modules");
     EXPECT_EQ(PageLabels(frame), expected);
-}
-
-TEST_F(PropertiesWindowTest, TellsTheExitCodeOnceTheProcessHasEnded) {
-    HWND frame = OpenProperties();
-    ASSERT_NE(frame, nullptr);
-    HWND notice = GetDlgItem(frame, IDC_PROPERTIES_EXIT_TEXT);
-    EXPECT_FALSE(IsWindowVisible(notice));
-    TerminateProcess(child_.Handle(), 0xC0000005);
-    ASSERT_TRUE(PumpUntil([&] { return IsWindowVisible(notice) != FALSE; }, kLimitMs));
-    EXPECT_EQ(lmvx_test::WindowText(notice), L"The process has exited with code -1073741819 (0xC0000005).");
-    EXPECT_TRUE(IsWindowVisible(GetDlgItem(frame, IDC_PROPERTIES_EXIT_ICON)));
 }
 
 TEST_F(PropertiesWindowTest, EndsEveryOpenWindowAndItsThreadWithTheMainWindow) {

@@ -11,33 +11,18 @@ const lmvx::DateTexts kDates{L"Today", L"Yesterday", L"%d/%d%/%d", L"Unknown"};
 const lmvx::DayTexts kDays{L"%d Day ", L"%d Days "};
 
 SYSTEMTIME Date(WORD year, WORD month, WORD day, WORD hour = 0, WORD minute = 0, WORD second = 0) {
-    SYSTEMTIME time{};
-    time.wYear = year;
-    time.wMonth = month;
-    time.wDay = day;
-    time.wHour = hour;
-    time.wMinute = minute;
-    time.wSecond = second;
-    return time;
+    return {year, month, 0, day, hour, minute, second, 0};
 }
 
 // A duration as the library packs it: whole days plus one in the day field.
 SYSTEMTIME Duration(WORD dayField, WORD hour, WORD minute = 0, WORD second = 0, WORD milliseconds = 0) {
-    SYSTEMTIME time = Date(1601, 1, dayField, hour, minute, second);
-    time.wMilliseconds = milliseconds;
-    return time;
+    return {1601, 1, 0, dayField, hour, minute, second, milliseconds};
 }
 
-TEST(ThreadTexts, PriorityLevelsWithATextOfTheirOwn) {
-    EXPECT_EQ(static_cast<unsigned>(IDS_PRIORITY_TIME_CRITICAL), lmvx::ThreadPriorityTextId(15));
-    EXPECT_EQ(static_cast<unsigned>(IDS_PRIORITY_LOW), lmvx::ThreadPriorityTextId(-2));
-    EXPECT_EQ(static_cast<unsigned>(IDS_PRIORITY_IDLE), lmvx::ThreadPriorityTextId(-15));
-    EXPECT_EQ(static_cast<unsigned>(IDS_PRIORITY_NORMAL), lmvx::ThreadPriorityTextId(0));
-    EXPECT_EQ(0u, lmvx::ThreadPriorityTextId(3));
-    EXPECT_EQ(0u, lmvx::ThreadPriorityTextId(-3));
-}
-
-TEST(ThreadTexts, AnIdleThreadHasAnEmptyCpuCell) {
+TEST(ThreadTexts, PriorityLevelsWithATextOfTheirOwnAndAnIdleThreadsEmptyCpuCell) {
+    const std::pair<int, unsigned> levels[] = {{15, IDS_PRIORITY_TIME_CRITICAL}, {-2, IDS_PRIORITY_LOW},
+                                               {-15, IDS_PRIORITY_IDLE}, {0, IDS_PRIORITY_NORMAL}, {3, 0}, {-3, 0}};
+    for (const auto& [level, textId] : levels) EXPECT_EQ(textId, lmvx::ThreadPriorityTextId(level)) << level;
     EXPECT_EQ(L"", lmvx::ThreadCpuCell(0.0));
     EXPECT_EQ(L"0.01%", lmvx::ThreadCpuCell(0.006));
     EXPECT_EQ(L"0.00%", lmvx::ThreadCpuPercent(0.0));

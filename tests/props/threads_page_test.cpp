@@ -73,7 +73,22 @@ protected:
 
 KnownThreads* ThreadsPageTest::child_ = nullptr;
 
-TEST_F(ThreadsPageTest, ListsTheThreadsAndShowsTheSelectedOnesDetails) {
+// Reads the call stack dialog's rows from another thread while the page's thread waits in the command, then
+// closes it.
+std::vector<std::wstring> ReadCallStackDialog(DWORD threadId) {
+    std::vector<std::wstring> rows;
+    const std::wstring caption = L"Call Stack for Thread " + std::to_wstring(threadId);
+    HWND dialog = nullptr;
+    for (int i = 0; i < 3000 && !dialog; ++i, Sleep(10)) dialog = props_test::FindOwnWindow(caption);
+    if (!dialog) return rows;
+    HWND list = GetDlgItem(dialog, IDC_CALL_STACK_LIST);
+    for (int i = 0; i < 3000 && ListView_GetItemCount(list) == 0; ++i) Sleep(10);
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) rows.push_back(CellText(list, row, 0));
+    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    return rows;
+}
+
+TEST_F(ThreadsPageTest, ListsTheThreadsAndShowsTheSelectedOnesDetailsAndCallStack) {
     HostedPage host(IDD_PAGE_THREADS, lmvx::ThreadsPageProc, child_->child->Pid());
     HWND list = ThreadList(host.Page());
     EXPECT_TRUE(PumpUntil([&] {
@@ -92,6 +107,17 @@ TEST_F(ThreadsPageTest, ListsTheThreadsAndShowsTheSelectedOnesDetails) {
     EXPECT_EQ(L"Normal", WindowText(GetDlgItem(performance, IDC_THREAD_PRIORITY)));
     EXPECT_EQ(0u, WindowText(GetDlgItem(performance, IDC_THREAD_START_TIME)).find(L"Today, "));
     EXPECT_EQ(L"Suspend Thread", WindowText(GetDlgItem(performance, IDM_THREAD_SUSPEND_RESUME)));
+    // The call stack dialog of the blocked thread holds the child's function, not the innermost frame.
+    std::vector<std::wstring> rows;
+    std::thread reader([&] { rows = ReadCallStackDialog(child_->blocked); });
+    SendMessageW(host.Page(), WM_COMMAND, IDM_THREAD_CALL_STACK, 0);   // returns when the dialog has ended
+    reader.join();
+    ASSERT_FALSE(rows.empty());
+    bool childFunction = false;
+    for (const std::wstring& row : rows) childFunction |= row.find(L"BlockedInChildWait") != std::wstring::npos;
+    EXPECT_TRUE(childFunction);
+    EXPECT_EQ(std::wstring::npos, rows.front().find(L"ntdll")) << "the innermost frame is not listed";
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(child_->blocked));
 
     ASSERT_TRUE(SelectThread(host.Page(), child_->windowed));
     HWND windows = GetDlgItem(Pane(host.Page(), IDC_THREADS_PANE_WINDOWS), IDC_THREAD_WINDOW_LIST);
@@ -332,36 +358,6 @@ TEST_F(ThreadsPageTest, AHiddenPageDoesNotQueryAndCatchesUpAtTheFirstTickWhenSho
     ShowWindow(host.Page(), SW_SHOW);
     ASSERT_TRUE(PumpTimerTicks(host.Page(), 1));
     EXPECT_GE(RowOf(host.Page(), worker.id), 0);
-}
-
-// Reads the call stack dialog's rows from another thread while the page's thread waits in the command, then
-// closes it.
-std::vector<std::wstring> ReadCallStackDialog(DWORD threadId) {
-    std::vector<std::wstring> rows;
-    const std::wstring caption = L"Call Stack for Thread " + std::to_wstring(threadId);
-    HWND dialog = nullptr;
-    for (int i = 0; i < 3000 && !dialog; ++i, Sleep(10)) dialog = props_test::FindOwnWindow(caption);
-    if (!dialog) return rows;
-    HWND list = GetDlgItem(dialog, IDC_CALL_STACK_LIST);
-    for (int i = 0; i < 3000 && ListView_GetItemCount(list) == 0; ++i) Sleep(10);
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) rows.push_back(CellText(list, row, 0));
-    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    return rows;
-}
-
-TEST_F(ThreadsPageTest, TheCallStackOfTheBlockedThreadHoldsTheChildsFunction) {
-    HostedPage host(IDD_PAGE_THREADS, lmvx::ThreadsPageProc, child_->child->Pid());
-    ASSERT_TRUE(SelectThread(host.Page(), child_->blocked));
-    std::vector<std::wstring> rows;
-    std::thread reader([&] { rows = ReadCallStackDialog(child_->blocked); });
-    SendMessageW(host.Page(), WM_COMMAND, IDM_THREAD_CALL_STACK, 0);   // returns when the dialog has ended
-    reader.join();
-    ASSERT_FALSE(rows.empty());
-    bool childFunction = false;
-    for (const std::wstring& row : rows) childFunction |= row.find(L"BlockedInChildWait") != std::wstring::npos;
-    EXPECT_TRUE(childFunction);
-    EXPECT_EQ(std::wstring::npos, rows.front().find(L"ntdll")) << "the innermost frame is not listed";
-    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(child_->blocked));
 }
 
 }  // namespace

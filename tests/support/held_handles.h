@@ -6,17 +6,17 @@
 
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "child_process.h"
+#include "test_files.h"
 
 namespace lmvx_test {
 
 inline std::wstring TempFolder() {
-    wchar_t path[MAX_PATH];
-    std::wstring folder(path, GetTempPathW(MAX_PATH, path));
-    if (!folder.empty() && folder.back() == L'\\') folder.pop_back();
-    return folder;
+    const std::wstring folder = TestTempFolder();
+    return folder.substr(0, folder.size() - 1);
 }
 
 inline bool FileExists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
@@ -47,8 +47,7 @@ public:
     }
     ~HeldHandlesChild() {
         child_.reset();
-        RemoveFiles();
-        DeleteFileW(filePath_.c_str());
+        for (const std::wstring& file : {report_, report_ + L".closed", filePath_}) DeleteFileW(file.c_str());
     }
     HeldHandlesChild(const HeldHandlesChild&) = delete;
     HeldHandlesChild& operator=(const HeldHandlesChild&) = delete;
@@ -72,27 +71,13 @@ public:
     bool FileHandleClosed() const { return FileExists(report_ + L".closed"); }
 
 private:
-    void RemoveFiles() {
-        DeleteFileW(report_.c_str());
-        DeleteFileW((report_ + L".closed").c_str());
-    }
+    // Lines of "<kind> <handle value>".
     void ReadReport() {
         values_.clear();
-        HANDLE file = CreateFileW(report_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-        if (file == INVALID_HANDLE_VALUE) return;
-        wchar_t text[1024] = {};
-        DWORD read = 0;
-        ReadFile(file, text, sizeof text - sizeof(wchar_t), &read, nullptr);
-        CloseHandle(file);
-        const std::wstring all(text);
-        for (size_t start = 0; start < all.size();) {
-            const size_t end = all.find(L'\n', start);
-            const std::wstring line = all.substr(start, end - start);
-            const size_t space = line.find(L' ');
-            if (space != std::wstring::npos) values_[line.substr(0, space)] = std::stoull(line.substr(space + 1));
-            if (end == std::wstring::npos) break;
-            start = end + 1;
-        }
+        std::wistringstream lines(ReadWholeFile(report_));
+        std::wstring kind;
+        unsigned long long value = 0;
+        while (lines >> kind >> value) values_[kind] = value;
     }
 
     std::wstring report_;

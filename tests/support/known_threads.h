@@ -10,6 +10,7 @@
 
 #include "child_process.h"
 #include "message_pump.h"
+#include "test_files.h"
 
 namespace lmvx_test {
 
@@ -23,21 +24,13 @@ struct KnownThreads {
     bool Started() const { return child && child->Started() && windowed != 0; }
 
     bool ReadIds(const std::wstring& file) {
-        FILE* input = _wfopen(file.c_str(), L"rb");
-        if (!input) return false;
-        wchar_t text[128] = {};
-        const size_t read = fread(text, sizeof(wchar_t), 127, input);
-        fclose(input);
-        text[read] = L'\0';
-        return swscanf(text, L"%lu %lu %lu %lu", &burning, &suspended, &blocked, &windowed) == 4;
+        return swscanf(ReadWholeFile(file).c_str(), L"%lu %lu %lu %lu", &burning, &suspended, &blocked, &windowed) == 4;
     }
 
     // Starts the child and waits until it has written the ids of its threads.
     static KnownThreads Start() {
         KnownThreads threads;
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        const std::wstring file = std::wstring(folder) + L"lmvx_known_threads_" + std::to_wstring(GetCurrentProcessId()) +
+        const std::wstring file = TestTempFolder() + L"lmvx_known_threads_" + std::to_wstring(GetCurrentProcessId()) +
                                   L"_" + std::to_wstring(GetTickCount()) + L".txt";
         threads.child = std::make_unique<ChildProcess>(L"known-threads \"" + file + L"\" 600000");
         // Read until all four ids are there: the file may be seen before it can be opened.

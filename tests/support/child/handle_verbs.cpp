@@ -11,17 +11,6 @@ namespace lmvx_test_child {
 
 namespace {
 
-// Writes the report in one go (a temporary file renamed into place), so a reader never sees half of it.
-bool WriteReport(const std::wstring& path, const std::wstring& text) {
-    const std::wstring temporary = path + L".tmp";
-    HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    DWORD written = 0;
-    const BOOL wrote = WriteFile(file, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
-    CloseHandle(file);
-    return wrote && MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING);
-}
-
 std::wstring Line(const wchar_t* what, HANDLE handle) {
     wchar_t text[64];
     std::swprintf(text, 64, L"%ls %llu\n", what, static_cast<unsigned long long>(reinterpret_cast<ULONG_PTR>(handle)));
@@ -38,7 +27,7 @@ void WaitWatching(HANDLE watched, const std::wstring& closedMarker) {
         if (!PeekNamedPipe(input, nullptr, 0, nullptr, &available, nullptr)) return;   // input closed
         DWORD flags = 0;
         if (!reported && watched && !GetHandleInformation(watched, &flags)) {
-            reported = WriteReport(closedMarker, L"closed\n");
+            reported = WriteWholeFile(closedMarker, L"closed\n");
         }
         Sleep(10);   // polling interval of a helper, not a test wait
     }
@@ -81,7 +70,7 @@ int HoldVerb(Arguments arguments) {
 
     const std::wstring text = Line(L"event", event) + Line(L"mutex", mutex) + Line(L"file", file) +
                               Line(L"key", key) + Line(L"pipe", pipeRead) + Line(L"process", other);
-    if (!WriteReport(report, text)) return ExitFailed;
+    if (!WriteWholeFile(report, text)) return ExitFailed;
     WaitWatching(file, report + L".closed");
     return 0;
 }
@@ -98,7 +87,7 @@ int ManyHandlesVerb(Arguments arguments) {
         if (!DuplicateHandle(GetCurrentProcess(), event, GetCurrentProcess(), &copy, 0, FALSE, DUPLICATE_SAME_ACCESS))
             return ExitFailed;
     }
-    if (!WriteReport(arguments[1], L"ready\n")) return ExitFailed;
+    if (!WriteWholeFile(arguments[1], L"ready\n")) return ExitFailed;
     WaitWatching(nullptr, L"");
     return 0;
 }

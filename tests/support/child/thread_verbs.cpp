@@ -78,17 +78,10 @@ int KnownThreadsVerb(Arguments arguments) {
         if (!thread) return ExitFailed;
     }
     WaitForSingleObject(windowCreated, 10000);
-    // Written last and whole, so a reader that finds the file finds every id.
+    // Written last, so a reader that finds the file finds every id.
     wchar_t text[128];
-    const int length = std::swprintf(text, 128, L"%lu %lu %lu %lu", burn, suspended, blocked, window);
-    wchar_t temporary[MAX_PATH];
-    std::swprintf(temporary, MAX_PATH, L"%ls.part", arguments[0]);
-    HANDLE file = CreateFileW(temporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
-    DWORD written = 0;
-    WriteFile(file, text, static_cast<DWORD>(length * sizeof(wchar_t)), &written, nullptr);
-    CloseHandle(file);
-    if (!MoveFileExW(temporary, arguments[0], MOVEFILE_REPLACE_EXISTING)) return ExitFailed;
+    std::swprintf(text, 128, L"%lu %lu %lu %lu", burn, suspended, blocked, window);
+    if (!WriteWholeFile(arguments[0], text)) return ExitFailed;
     Sleep(milliseconds);
     return 0;
 }
@@ -145,16 +138,11 @@ int ManyModulesVerb(Arguments arguments) {
         const std::vector<unsigned char> dll = EmptyDll(0x600000000ull + i * 0x10000ull);
         wchar_t path[MAX_PATH];
         std::swprintf(path, MAX_PATH, L"%ls\\empty%03u.dll", arguments[0], i);
-        HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file == INVALID_HANDLE_VALUE) return ExitFailed;
-        DWORD written = 0;
-        const BOOL wrote = WriteFile(file, dll.data(), static_cast<DWORD>(dll.size()), &written, nullptr);
-        CloseHandle(file);
-        if (!wrote || !LoadLibraryW(path)) return ExitFailed;
+        if (!WriteWholeFile(path, dll.data(), dll.size()) || !LoadLibraryW(path)) return ExitFailed;
     }
     wchar_t loaded[MAX_PATH];   // tells the test that every copy is loaded
     std::swprintf(loaded, MAX_PATH, L"%ls\\loaded", arguments[0]);
-    CloseHandle(CreateFileW(loaded, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!WriteWholeFile(loaded, L"")) return ExitFailed;
     Sleep(std::wcstoul(arguments[2], nullptr, 10));
     return 0;
 }

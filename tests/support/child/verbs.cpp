@@ -10,6 +10,16 @@
 
 namespace lmvx_test_child {
 
+bool WriteWholeFile(const std::wstring& path, const void* bytes, size_t size) {
+    const std::wstring temporary = path + L".part";
+    HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    DWORD written = 0;
+    const BOOL wrote = WriteFile(file, bytes, static_cast<DWORD>(size), &written, nullptr);
+    CloseHandle(file);
+    return wrote && MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING);
+}
+
 namespace {
 
 bool ReadMilliseconds(Arguments arguments, DWORD& milliseconds) {
@@ -97,16 +107,6 @@ int WaitForInputToClose() {
     return 0;
 }
 
-bool WriteWholeFile(const wchar_t* path, const std::wstring& text) {
-    HANDLE file = CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    DWORD written = 0;
-    const BOOL wrote =
-        WriteFile(file, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
-    CloseHandle(file);
-    return wrote != FALSE;
-}
-
 // note <file> <ms> [anything...]: writes its own command line (UTF-16) to the file, then idles for ms.
 int NoteVerb(Arguments arguments) {
     DWORD milliseconds = 0;
@@ -125,12 +125,7 @@ int EnvironmentVerb(Arguments arguments) {
     if (!block) return ExitFailed;
     size_t length = 0;
     while (block[length] || block[length + 1]) ++length;
-    length += 2;
-    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    const BOOL wrote = file != INVALID_HANDLE_VALUE &&
-                       WriteFile(file, block, static_cast<DWORD>(length * sizeof(wchar_t)), &written, nullptr);
-    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    const bool wrote = WriteWholeFile(arguments[0], block, (length + 2) * sizeof(wchar_t));
     FreeEnvironmentStringsW(block);
     if (!wrote) return ExitFailed;
     Sleep(milliseconds);
@@ -176,13 +171,7 @@ int SocketsVerb(Arguments arguments) {
     }
     const std::wstring ports = PortOf(listener) + L" " + PortOf(client) + L" " + PortOf(udp);
     HANDLE event = CreateEventW(nullptr, TRUE, FALSE, arguments[1]);
-    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    if (!event || file == INVALID_HANDLE_VALUE ||
-        !WriteFile(file, ports.c_str(), static_cast<DWORD>(ports.size() * sizeof(wchar_t)), &written, nullptr)) {
-        return ExitFailed;
-    }
-    CloseHandle(file);
+    if (!event || !WriteWholeFile(arguments[0], ports)) return ExitFailed;
     WaitForSingleObject(event, INFINITE);
     closesocket(udp);
     Sleep(INFINITE);
@@ -206,34 +195,7 @@ int MemoryVerb(Arguments arguments) {
     char line[64];
     const int length = std::snprintf(line, sizeof line, "%llX %llX", static_cast<unsigned long long>(
         reinterpret_cast<uintptr_t>(reserved)), static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(committed)));
-    HANDLE file = CreateFileW(arguments[0], GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return ExitFailed;
-    DWORD written = 0;
-    WriteFile(file, line, static_cast<DWORD>(length), &written, nullptr);
-    CloseHandle(file);
-    return WaitForInputToClose();
-}
-
-// listen <file>: opens a TCP listener on 127.0.0.1, writes its port (UTF-16 digits) to the file and holds the
-// listener until standard input closes.
-int ListenVerb(Arguments arguments) {
-    if (arguments.size() != 1) return ExitUsage;
-    WSADATA winsock;
-    if (WSAStartup(MAKEWORD(2, 2), &winsock) != 0) return ExitFailed;
-    const SOCKET listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    int length = sizeof address;
-    if (listener == INVALID_SOCKET || bind(listener, reinterpret_cast<sockaddr*>(&address), length) != 0 ||
-        listen(listener, 4) != 0 || getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length) != 0)
-        return ExitFailed;
-    // Under Wine a process is named as a socket's owner only once it holds its own copy of it, which one call
-    // answered in the process gives it.
-    BOOL keepAlive = FALSE;
-    int optionLength = sizeof keepAlive;
-    getsockopt(listener, SOL_SOCKET, SO_KEEPALIVE, reinterpret_cast<char*>(&keepAlive), &optionLength);
-    if (!WriteWholeFile(arguments[0], std::to_wstring(ntohs(address.sin_port)))) return ExitFailed;
+    if (!WriteWholeFile(arguments[0], line, static_cast<size_t>(length))) return ExitFailed;
     return WaitForInputToClose();
 }
 
@@ -284,7 +246,6 @@ constexpr VerbEntry VerbTable[] = {
     {L"hold", HoldVerb, L"hold <file> <report> <other pid>"},
     {L"many", ManyHandlesVerb, L"many <count> <report>"},
     {L"memory", MemoryVerb, L"memory <file>"},
-    {L"listen", ListenVerb, L"listen <file>"},
     {L"windows", WindowsVerb, L"windows [--minimized] <title>..."},
 };
 

@@ -2,6 +2,7 @@
 // To add one, write a function here and put it in the table in verbs.cpp.
 #pragma once
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace lmvx_test_child {
@@ -24,6 +25,12 @@ int ManyModulesVerb(Arguments arguments);
 // Handle-holding verbs (handle_verbs.cpp).
 int HoldVerb(Arguments arguments);
 int ManyHandlesVerb(Arguments arguments);
+
+// Writes the bytes to a temporary file renamed into place, so that a reader never sees half of them.
+bool WriteWholeFile(const std::wstring& path, const void* bytes, size_t size);
+inline bool WriteWholeFile(const std::wstring& path, const std::wstring& text) {
+    return WriteWholeFile(path, text.data(), text.size() * sizeof(wchar_t));
+}
 
 constexpr int ExitUsage = 2;
 constexpr int ExitFailed = 3;
