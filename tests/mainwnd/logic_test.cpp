@@ -136,7 +136,7 @@ void ExpectTiled(const MainWindowLayout& layout, int width, int height) {
 // The default window's client area and a maximised window on common screens: the bars keep their height, the
 // pane its width, and the list takes the rest of the band between the bars.
 TEST(MainWindowLayout, BarsKeepTheirHeightAndTheListTakesTheRest) {
-    for (const auto [width, height] : {std::pair{640, 514}, {1280, 740}, {1920, 1017}}) {
+    for (const auto& [width, height] : {std::pair{640, 514}, {1280, 740}, {1920, 1017}}) {
         SCOPED_TRACE(width);
         const MainWindowLayoutInput input{width, height, 26, 22, 180};
         const MainWindowLayout layout = ComputeMainWindowLayout(input);

@@ -91,7 +91,7 @@ TEST_P(CommandBoxes, ShowTheirTextAndTheProgramRunsOnWhenAnswered) {
         kWaitMs);
     ASSERT_NE(box, nullptr) << "no box for command " << c.command;
     EXPECT_TRUE(AnyTextContains(box, c.text));
-    if (c.button == IDNO) ASSERT_NE(GetDlgItem(box, IDNO), nullptr) << "the question offers no No";
+    if (c.button == IDNO) { ASSERT_NE(GetDlgItem(box, IDNO), nullptr) << "the question offers no No"; }
     PressButton(box, c.button);
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !IsWindow(box); }, kWaitMs));
     EXPECT_TRUE(ProgramStillRuns());

@@ -382,7 +382,7 @@ TEST(ImageStringsFile, CapacityGrowsBy1024AndEveryStringStays) {
     lmvx::StringSet* set = lmvx::StringSetCreate();
     for (int i = 0; i < 5000; ++i) {
         ASSERT_EQ(lmvx::StringSetAdd(set, std::to_wstring(i).c_str()), 1);
-        if (i == 2999) EXPECT_EQ(set->capacity, 3072u);
+        if (i == 2999) { EXPECT_EQ(set->capacity, 3072u); }
     }
     EXPECT_EQ(set->capacity, 5120u);
     for (int i = 0; i < 5000; ++i) ASSERT_EQ(lmvx::StringSetItem(set, i), std::to_wstring(i)) << i;

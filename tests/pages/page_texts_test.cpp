@@ -17,7 +17,7 @@ TEST(DurationDays, NamesWholeDaysOnlyAndAnyFieldMakesADurationNonEmpty) {
     const std::pair<unsigned, unsigned> days[] = {{0, 0}, {1, IDS_ONE_DAY}, {2, IDS_DAYS}, {3, IDS_DAYS}};
     for (const auto& [count, textId] : days) {
         EXPECT_EQ(DurationDaysOf(count).textId, textId) << count;
-        if (textId) EXPECT_EQ(DurationDaysOf(count).count, count);
+        if (textId) { EXPECT_EQ(DurationDaysOf(count).count, count); }
     }
     EXPECT_TRUE(IsEmptyDuration(SYSTEMTIME{}));
     EXPECT_FALSE(IsEmptyDuration(SYSTEMTIME{0, 0, 0, 0, 0, 5, 0, 0}));

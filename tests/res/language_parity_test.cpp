@@ -115,7 +115,7 @@ void ExpectUniqueMnemonics(const std::vector<SeenItem>& items, const std::wstrin
         if (item.separator) continue;
         const wchar_t key = MnemonicOf(item.text);
         EXPECT_NE(key, 0) << "no access key: " << Narrow(item.text);
-        if (key != 0) EXPECT_TRUE(used.emplace(key, item.text).second) << "access key shared in " << Narrow(where) << ": " << Narrow(item.text);
+        if (key != 0) { EXPECT_TRUE(used.emplace(key, item.text).second) << "access key shared in " << Narrow(where) << ": " << Narrow(item.text); }
         if (!item.submenu.empty()) ExpectUniqueMnemonics(item.submenu, item.text);
     }
 }

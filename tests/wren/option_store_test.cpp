@@ -125,8 +125,8 @@ TEST_F(OptionStore, BlocksOfOtherSizesAreSeenByTheirSize) {
         unsigned bytesRead = 77;
         store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
         EXPECT_EQ(bytesRead, size <= sizeof(buffer) ? size : 0u) << size;
-        if (size > sizeof(buffer)) EXPECT_EQ(buffer, untouched);
-        if (size <= sizeof(buffer)) EXPECT_TRUE(std::equal(stored.begin(), stored.end(), buffer.begin())) << size;
+        if (size > sizeof(buffer)) { EXPECT_EQ(buffer, untouched); }
+        if (size <= sizeof(buffer)) { EXPECT_TRUE(std::equal(stored.begin(), stored.end(), buffer.begin())) << size; }
     }
 }
 
