@@ -106,17 +106,31 @@ double ThreadCpuMs(HANDLE thread) {
     return ms(kernel) + ms(user);
 }
 
-HWND PerformancePage(HWND frame) {
-    HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
+// The page items under the root: each item's label and the page it shows.
+struct PageItem {
+    HTREEITEM item;
+    std::wstring label;
+    HWND page;
+};
+std::vector<PageItem> PageItems(HWND tree) {
+    std::vector<PageItem> items;
     for (HTREEITEM item = TreeView_GetChild(tree, TreeView_GetRoot(tree)); item; item = TreeView_GetNextSibling(tree, item)) {
         wchar_t text[64] = {};
         TVITEMW data{TVIF_TEXT | TVIF_PARAM, item};
         data.pszText = text;
         data.cchTextMax = 64;
         TreeView_GetItem(tree, &data);
-        if (std::wcscmp(text, L"Performance") == 0) {
-            TreeView_SelectItem(tree, item);
-            return reinterpret_cast<HWND>(data.lParam);
+        items.push_back({item, text, reinterpret_cast<HWND>(data.lParam)});
+    }
+    return items;
+}
+
+HWND PerformancePage(HWND frame) {
+    HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
+    for (const PageItem& entry : PageItems(tree)) {
+        if (entry.label == L"Performance") {
+            TreeView_SelectItem(tree, entry.item);
+            return entry.page;
         }
     }
     return nullptr;
@@ -172,13 +186,8 @@ void TimeProcedures(HWND frame) {
     HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
     procedureTimes.reserve(32);
     procedureTimes.push_back({frame, L"(frame)"});
-    for (HTREEITEM item = TreeView_GetChild(tree, TreeView_GetRoot(tree)); item; item = TreeView_GetNextSibling(tree, item)) {
-        wchar_t text[64] = {};
-        TVITEMW data{TVIF_TEXT | TVIF_PARAM, item};
-        data.pszText = text;
-        data.cchTextMax = 64;
-        TreeView_GetItem(tree, &data);
-        if (data.lParam) procedureTimes.push_back({reinterpret_cast<HWND>(data.lParam), text});
+    for (const PageItem& entry : PageItems(tree)) {
+        if (entry.page) procedureTimes.push_back({entry.page, entry.label});
     }
     SetWindowsHookExW(WH_GETMESSAGE, &CountTaken, nullptr, GetWindowThreadProcessId(frame, nullptr));
     for (ProcedureTime& entry : procedureTimes) {
