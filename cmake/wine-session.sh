@@ -11,6 +11,12 @@ state="$build/wine-session"
 case "$action" in
 start)
     mkdir -p "$state"
+    if [ -z "${DISPLAY:-}" ] && [ -f "$state/xvfb.pid" ] && [ -f "$state/display" ] &&
+        kill -0 "$(cat "$state/xvfb.pid")" 2>/dev/null; then
+        # Our Xvfb still runs: every later shell must use the display the session's desktop lives on.
+        DISPLAY=$(cat "$state/display")
+        export DISPLAY
+    fi
     if [ -z "${DISPLAY:-}" ]; then
         # Pick a free display number and run our own Xvfb on it.
         n=90
@@ -20,6 +26,7 @@ start)
         i=0
         while [ ! -e "/tmp/.X11-unix/X$n" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done
         export DISPLAY=":$n"
+        echo "$DISPLAY" >"$state/display"
     fi
     echo "export DISPLAY=$DISPLAY"
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
@@ -45,7 +52,7 @@ stop)
     wineserver -k </dev/null >/dev/null 2>&1 || true
     if [ -f "$state/xvfb.pid" ]; then
         kill "$(cat "$state/xvfb.pid")" 2>/dev/null || true
-        rm -f "$state/xvfb.pid"
+        rm -f "$state/xvfb.pid" "$state/display"
     fi
     ;;
 esac
