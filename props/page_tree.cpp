@@ -32,18 +32,27 @@ HTREEITEM InsertItem(HWND tree, HTREEITEM parent, const wchar_t* text, int image
     return reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
 }
 
-}  // namespace
-
-UniqueImageList CreatePageImageList(HICON processIcon) {
+// The generic process icon in place of image 0, then the pages' images.
+UniqueImageList BuildPageImageList() {
     const UINT depth = wren::IsOSWindows2000() ? ILC_COLOR24 : ILC_COLOR32;
     UniqueImageList images(ImageList_Create(16, 16, depth | ILC_MASK, 0, 18));
     if (!images) return images;
-    ImageList_SetBkColor(images.Get(), RGB(255, 255, 255));
-    // Image 0 must exist, or every page item would show its neighbour's picture.
-    if (!processIcon || ImageList_AddIcon(images.Get(), processIcon) < 0) {
-        ImageList_AddIcon(images.Get(), SharedIconById(IDI_PROCESS).small);
-    }
+    ImageList_AddIcon(images.Get(), SharedIconById(IDI_PROCESS).small);
     for (unsigned short id : kPageImageIcons) ImageList_AddIcon(images.Get(), SharedIconById(id).small);
+    return images;
+}
+
+}  // namespace
+
+UniqueImageList CreatePageImageList(HICON processIcon) {
+    // Converting thirteen icons costs tens of milliseconds under Wine before the first page can show: the
+    // fixed images are converted once, and each window copies them and puts in its process's icon.
+    static const UniqueImageList master = BuildPageImageList();
+    UniqueImageList images(master ? ImageList_Duplicate(master.Get()) : nullptr);
+    if (images) ImageList_SetBkColor(images.Get(), RGB(255, 255, 255));   // not part of what a copy takes
+    // Image 0 must exist, or every page item would show its neighbour's picture: the generic icon stays
+    // when the process has none.
+    if (images && processIcon) ImageList_ReplaceIcon(images.Get(), 0, processIcon);
     return images;
 }
 
