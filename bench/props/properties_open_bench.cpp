@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cwchar>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -135,6 +136,60 @@ HWND PerformancePage(HWND frame) {
     }
     return nullptr;
 }
+
+// The moments the frame's thread starts creating each dialog: the frame, then the pages in the table's
+// order (each page's inner panes too). The gaps between them are what each page costs to create and
+// initialise; the gap after the first page also holds showing and painting the frame and the access probe.
+std::vector<LARGE_INTEGER> dialogStarts;
+LRESULT CALLBACK CountDialogStarts(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_CREATEWND) {
+        wchar_t className[16] = {};
+        GetClassNameW(reinterpret_cast<HWND>(wParam), className, 16);
+        if (std::wcscmp(className, L"#32770") == 0) {
+            LARGE_INTEGER now;
+            QueryPerformanceCounter(&now);
+            dialogStarts.push_back(now);
+        }
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+std::set<DWORD> OwnThreads() {
+    std::set<DWORD> threads;
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+    if (snapshot == INVALID_HANDLE_VALUE) return threads;
+    THREADENTRY32 entry{sizeof entry};
+    for (BOOL more = Thread32First(snapshot, &entry); more; more = Thread32Next(snapshot, &entry)) {
+        if (entry.th32OwnerProcessID == GetCurrentProcessId()) threads.insert(entry.th32ThreadID);
+    }
+    CloseHandle(snapshot);
+    return threads;
+}
+
+// Hooks the threads started since `before`; the dialogs created before the hook is set are not seen.
+struct DialogCreationHooks {
+    std::set<DWORD> before = OwnThreads();
+    std::vector<HHOOK> hooks;
+    void HookNewThreads() {
+        if (!hooks.empty()) return;
+        for (DWORD thread : OwnThreads()) {
+            if (before.count(thread)) continue;
+            if (HHOOK hook = SetWindowsHookExW(WH_CBT, &CountDialogStarts, nullptr, thread)) hooks.push_back(hook);
+        }
+    }
+    ~DialogCreationHooks() {
+        for (HHOOK hook : hooks) UnhookWindowsHookEx(hook);
+        dialogStarts.clear();
+    }
+    void Print(LARGE_INTEGER complete) const {
+        std::printf("    dialogs seen created: %zu; ms from each to the next (the last: to the complete tree):",
+                    dialogStarts.size());
+        for (size_t i = 0; i < dialogStarts.size(); ++i) {
+            std::printf(" %.0f", Milliseconds(dialogStarts[i], i + 1 < dialogStarts.size() ? dialogStarts[i + 1] : complete));
+        }
+        std::printf("\n");
+    }
+};
 
 // Time spent in each page's window procedure, for the breakdown of a window's CPU: every page of the tree
 // and the frame are subclassed on the bench's side; the procedures run on the frame's thread.
@@ -278,16 +333,21 @@ int wmain(int argc, wchar_t** argv) {
 
     for (int run = 0; run < runs; ++run) {
         LARGE_INTEGER start, firstPage{}, complete{};
+        DialogCreationHooks hooks;
         QueryPerformanceCounter(&start);
         SendMessageW(main.Get(), WM_COMMAND, IDM_PROPERTIES, 0);
         HWND frame = nullptr;
-        PumpUntil([&] { return (frame = FindFrame()) != nullptr && VisiblePainted(frame) != nullptr; }, kLimitMs);
+        PumpUntil([&] {
+            hooks.HookNewThreads();
+            return (frame = FindFrame()) != nullptr && VisiblePainted(frame) != nullptr;
+        }, kLimitMs);
         QueryPerformanceCounter(&firstPage);
         HWND tree = frame ? GetDlgItem(frame, IDC_PROPERTIES_TREE) : nullptr;
         PumpUntil([&] { return tree && TreeView_GetCount(tree) >= ExpectedTreeItems(); }, kLimitMs);
         QueryPerformanceCounter(&complete);
         std::printf("run %d: first page painted %.1f ms, complete tree %.1f ms\n", run + 1,
                     Milliseconds(start, firstPage), Milliseconds(start, complete));
+        hooks.Print(complete);
         if (frame) CloseFrame(frame);
     }
 
