@@ -6,62 +6,52 @@ namespace lmvx::perf {
 namespace {
 
 constexpr RECT kDesktop{0, 0, 1280, 800};
+constexpr SIZE kPopup{240, 170};
 
-PopupPlacementInput Input(bool glass, RECT desktop = kDesktop) {
-    return PopupPlacementInput{SIZE{240, 170}, desktop, glass};
+TEST(PopupAnchored, BelowThePaneAtItsLeftEdgeAboveWhenBelowPassesTheBottomAndAlwaysOnTheDesktop) {
+    const struct {
+        const char* what;
+        RECT pane;
+        bool glass;
+        RECT desktop;
+        POINT expected;
+    } cases[] = {
+        {"below, classic", {300, 500, 450, 520}, false, kDesktop, {300, 520}},
+        {"below, glass frame", {300, 500, 450, 520}, true, kDesktop, {300, 535}},
+        {"just fits below", {300, 600, 450, 630}, false, kDesktop, {300, 630}},
+        {"above, classic", {300, 700, 450, 720}, false, kDesktop, {300, 530}},
+        {"above, glass frame", {300, 700, 450, 720}, true, kDesktop, {300, 515}},
+        {"past the right edge", {1200, 100, 1270, 120}, false, kDesktop, {1040, 120}},
+        {"left of the desktop", {-50, 100, 20, 120}, false, kDesktop, {0, 120}},
+        {"fits neither above nor below: the top", {10, 100, 80, 700}, false, kDesktop, {10, 0}},
+        {"a desktop left of zero", {-100, 100, -10, 120}, false, {-1280, 0, 0, 800}, {-240, 120}},
+        {"left of a desktop left of zero", {-1300, 100, -1250, 120}, false, {-1280, 0, 0, 800}, {-1280, 120}},
+    };
+    for (const auto& c : cases) {
+        const POINT at = PopupPositionAnchored(c.pane, PopupPlacementInput{kPopup, c.desktop, c.glass});
+        EXPECT_EQ(at.x, c.expected.x) << c.what;
+        EXPECT_EQ(at.y, c.expected.y) << c.what;
+    }
 }
 
-TEST(PopupAnchored, OpensBelowThePaneAtItsLeftEdge) {
-    const RECT pane{300, 500, 450, 520};
-    const POINT classic = PopupPositionAnchored(pane, Input(false));
-    EXPECT_EQ(classic.x, 300);
-    EXPECT_EQ(classic.y, 520);
-    const POINT glass = PopupPositionAnchored(pane, Input(true));
-    EXPECT_EQ(glass.x, 300);
-    EXPECT_EQ(glass.y, 535);
-}
-
-TEST(PopupAnchored, OpensAboveWhenBelowWouldPassTheDesktopBottom) {
-    const RECT pane{300, 700, 450, 720};
-    EXPECT_EQ(PopupPositionAnchored(pane, Input(false)).y, 700 - 170);
-    EXPECT_EQ(PopupPositionAnchored(pane, Input(true)).y, 700 - 170 - 15);
-}
-
-TEST(PopupAnchored, JustFittingBelowStaysBelow) {
-    const RECT pane{300, 600, 450, 630};   // 630 + 170 == 800
-    EXPECT_EQ(PopupPositionAnchored(pane, Input(false)).y, 630);
-}
-
-TEST(PopupAnchored, ClampedOntoTheDesktop) {
-    // Right edge: shifted left.
-    EXPECT_EQ(PopupPositionAnchored(RECT{1200, 100, 1270, 120}, Input(false)).x, 1280 - 240);
-    // Left of the desktop: shifted right.
-    EXPECT_EQ(PopupPositionAnchored(RECT{-50, 100, 20, 120}, Input(false)).x, 0);
-    // Too close to the top to open above, too low to open below: stays at the top.
-    const RECT tall{10, 100, 80, 700};
-    EXPECT_EQ(PopupPositionAnchored(tall, Input(false)).y, 0);
-}
-
-TEST(PopupAnchored, DesktopThatDoesNotStartAtZero) {
-    const RECT desktop{-1280, 0, 0, 800};
-    const POINT at = PopupPositionAnchored(RECT{-100, 100, -10, 120}, Input(false, desktop));
-    EXPECT_EQ(at.x, -240);
-}
-
-TEST(PopupAtTaskbar, BottomRightAboveTheTaskbar) {
-    const POINT glass = PopupPositionAtTaskbar(30, Input(true));
-    EXPECT_EQ(glass.x, 1280 - 240 - 16);
-    EXPECT_EQ(glass.y, 800 - 30 - 170 - 16);
-    const POINT classic = PopupPositionAtTaskbar(30, Input(false));
-    EXPECT_EQ(classic.x, 1280 - 240 - 8);
-    EXPECT_EQ(classic.y, 800 - 30 - 170 - 6);
-}
-
-TEST(PopupAtTaskbar, ATaskbarAtTheSideStillCountsItsHeight) {
-    // A vertical taskbar is as tall as the desktop: the height is taken as it is, as on every system.
-    const POINT at = PopupPositionAtTaskbar(800, Input(false));
-    EXPECT_EQ(at.y, 800 - 800 - 170 - 6);
-    EXPECT_EQ(PopupPositionAtTaskbar(0, Input(false)).y, 800 - 170 - 6);
+// Bottom right above the taskbar; a vertical taskbar is as tall as the desktop and its height is taken as
+// it is, as on every system.
+TEST(PopupAtTaskbar, BottomRightAboveTheTaskbarByItsHeight) {
+    const struct {
+        int taskbarHeight;
+        bool glass;
+        POINT expected;
+    } cases[] = {
+        {30, true, {1280 - 240 - 16, 800 - 30 - 170 - 16}},
+        {30, false, {1280 - 240 - 8, 800 - 30 - 170 - 6}},
+        {800, false, {1280 - 240 - 8, 800 - 800 - 170 - 6}},
+        {0, false, {1280 - 240 - 8, 800 - 170 - 6}},
+    };
+    for (const auto& c : cases) {
+        const POINT at = PopupPositionAtTaskbar(c.taskbarHeight, PopupPlacementInput{kPopup, kDesktop, c.glass});
+        EXPECT_EQ(at.x, c.expected.x) << c.taskbarHeight << (c.glass ? " glass" : " classic");
+        EXPECT_EQ(at.y, c.expected.y) << c.taskbarHeight << (c.glass ? " glass" : " classic");
+    }
 }
 
 TEST(PopupAnchor, OnlyAllZeroIsEmpty) {
