@@ -74,14 +74,25 @@ TEST_F(ProcessActions, TerminateEndsTheProcessAfterOk) {
     EXPECT_NE(std::wstring::npos, seen[0].AllText().find(L"Are you sure?"));
 }
 
-TEST_F(ProcessActions, CancelledQuestionsLeaveTheProcessAsItWas) {
+// Cancelled questions change nothing and warn of nothing; the question names its target with the company
+// (this test program carries the program's version resource, so it has one). This program is never paused.
+TEST_F(ProcessActions, CancelledQuestionsLeaveTheProcessAsItWasAndThisProgramIsNotPaused) {
     ChildProcess child = StartSleeper();
-    DialogAnswerer answerer(IDCANCEL);
-    EXPECT_EQ(0, lmvx::actions::Terminate(child.Pid(), owner_.Get()));
-    EXPECT_TRUE(child.IsRunning());
-    lmvx::actions::Pause(child.Pid(), owner_.Get());
-    EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
-    EXPECT_EQ(2u, answerer.Seen().size());   // the questions only, no warning
+    ASSERT_FALSE(actions_test::ProviderName(GetCurrentProcessId(), true).empty());
+    {
+        DialogAnswerer answerer(IDCANCEL);
+        EXPECT_EQ(0, lmvx::actions::Terminate(child.Pid(), owner_.Get()));
+        EXPECT_TRUE(child.IsRunning());
+        lmvx::actions::Pause(child.Pid(), owner_.Get());
+        EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
+        EXPECT_EQ(0, lmvx::actions::Terminate(GetCurrentProcessId(), owner_.Get()));
+        const std::vector<SeenBox> seen = answerer.Seen();
+        ASSERT_EQ(3u, seen.size());   // the questions only, no warning
+        ExpectConfirmation(seen[2], L"Terminate Process", GetCurrentProcessId());
+    }
+    DialogAnswerer answerer(IDOK);
+    EXPECT_EQ(0, lmvx::actions::Pause(GetCurrentProcessId(), owner_.Get()));
+    ExpectOneWarning(answerer.Seen(), IDS_PAUSE_PROCESS, IDS_ERR_CANNOT_PAUSE_SELF);
 }
 
 // Each action asks first (naming an ended process unknown), then warns, with the program's title for a
@@ -119,17 +130,6 @@ TEST_F(ProcessActions, EachActionOnAnEndedProcessWarns) {
     ExpectOneWarning({answerer.Seen()[7]}, IDS_CHANGE_PRIORITY, IDS_ERR_CHANGE_PRIORITY);
 }
 
-TEST_F(ProcessActions, ConfirmationShowsTheCompanyOfTheTarget) {
-    // This test program carries the program's version resource, so it has a company to show.
-    actions_test::RefreshProvider();
-    ASSERT_FALSE(actions_test::ProviderName(GetCurrentProcessId(), true).empty());
-    DialogAnswerer answerer(IDCANCEL);
-    EXPECT_EQ(0, lmvx::actions::Terminate(GetCurrentProcessId(), owner_.Get()));
-    const std::vector<SeenBox> seen = answerer.Seen();
-    ASSERT_EQ(1u, seen.size());
-    ExpectConfirmation(seen[0], L"Terminate Process", GetCurrentProcessId());
-}
-
 // ---- Pause and resume ----
 
 TEST_F(ProcessActions, PauseSuspendsAfterOkAndResumeUndoesOneSuspensionAtATimeWithoutAsking) {
@@ -155,12 +155,6 @@ TEST_F(ProcessActions, PauseSuspendsAfterOkAndResumeUndoesOneSuspensionAtATimeWi
     EXPECT_EQ(0, lmvx::actions::Resume(child.Pid(), owner_.Get()));
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
     EXPECT_TRUE(answerer.Seen().empty());
-}
-
-TEST_F(ProcessActions, PauseRefusesThisProgramBeforeAsking) {
-    DialogAnswerer answerer(IDOK);
-    EXPECT_EQ(0, lmvx::actions::Pause(GetCurrentProcessId(), owner_.Get()));
-    ExpectOneWarning(answerer.Seen(), IDS_PAUSE_PROCESS, IDS_ERR_CANNOT_PAUSE_SELF);
 }
 
 TEST_F(ProcessActions, ResumeAllResumesEveryPausedProcess) {
