@@ -40,12 +40,12 @@ bool IsAbove(HWND first, HWND second) {
     return false;
 }
 
+// A window without a title does not count; without a counted window the menu says so.
 TEST_F(ProcessWindows, AWindowWithoutTitleDoesNotCountAndTheMenuSaysSo) {
     WindowChild child({L""});
     ASSERT_EQ(1u, actions_test::VisibleWindowsOf(child.Pid()).size());
     PutOwnerOnTop();
     EXPECT_EQ(0, lmvx::CountProcessWindows(child.Pid()));
-
     MenuAnswerer menu(L"");
     EXPECT_EQ(0, lmvx::BringProcessWindowToFront(child.Pid(), 100, 100, owner_.Get()));
     const std::vector<SeenItem> items = menu.Finish();

@@ -18,11 +18,13 @@
 #include "proclist/process_list_view.h"
 #include "proclist/sort_order.h"
 #include "proclist/text_compare.h"
-#include "test_environment.h"
+#include "test_host.h"
 #include "wren.h"
 
 namespace proclist_test {
 namespace {
+
+using namespace lmvx_test;
 
 using proclist::ProcessListView;
 using proclist::SortState;
@@ -269,11 +271,11 @@ TEST_F(ProcessListViewTest, NameAndGdiSortsUseTheLocaleOrderAndTheProvidersCount
 
     source_->processes.clear();
     list_.SetSortState({proclist::kSortGdiObjects, false});
-    FakeProcess& few = source_->Add(11, L"few.exe");
+    source_->Add(13, L"many.exe").sortGdiObjects = 100;
+    source_->Add(12, L"mid.exe").sortGdiObjects = 50;
+    FakeProcess& few = source_->Add(11, L"few.exe");   // unsorted, the rows would show 11, 12, 13
     few.sortGdiObjects = 1;
     few.values.gdiObjectCount = 900;
-    source_->Add(12, L"mid.exe").sortGdiObjects = 50;
-    source_->Add(13, L"many.exe").sortGdiObjects = 100;
     for (int refresh = 0; refresh < 3; ++refresh) list_.Refresh();   // ended rows may take more than one
     EXPECT_EQ(Rows(), (std::vector<unsigned>{13, 12, 11}));
 }

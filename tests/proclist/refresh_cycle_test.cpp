@@ -18,11 +18,13 @@
 #include "proclist/process_list_view.h"
 #include "proclist/refresh_cycle.h"
 #include "string_ids.h"
-#include "test_environment.h"
+#include "test_host.h"
 #include "wren.h"
 
 namespace proclist_test {
 namespace {
+
+using namespace lmvx_test;
 
 using proclist::RefreshCycle;
 namespace options = lmvx::options;
