@@ -171,25 +171,12 @@ TEST_F(ProcessActions, ResumeAllResumesEveryPausedProcess) {
     EXPECT_TRUE(answerer.Seen().empty());
 }
 
-// ---- Page out ----
-
-TEST_F(ProcessActions, PageOutAsksAndSucceedsQuietly) {
-    // Wine accepts the trim without changing the working set, so success is what can be seen here.
-    ChildProcess child = StartSleeper();
-    DialogAnswerer answerer(IDOK);
-    EXPECT_EQ(0, lmvx::actions::PageOut(child.Pid(), owner_.Get()));
-    const std::vector<SeenBox> seen = answerer.Seen();
-    ASSERT_EQ(1u, seen.size());
-    ExpectConfirmation(seen[0], L"Page Out Process", child.Pid());
-    EXPECT_NE(std::wstring::npos, seen[0].AllText().find(L"phyical memory once you resume"));
-    EXPECT_TRUE(child.IsRunning());
-}
-
 // ---- Priority ----
 
 // Each priority command sets its class without asking; other commands change nothing and say nothing; a
-// process that cannot be opened (process id 0, the idle process) gets a warning, not silence.
-TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarn) {
+// process that cannot be opened (process id 0, the idle process) gets a warning, not silence. Page out asks
+// and succeeds quietly (Wine accepts the trim without changing the working set, so success is what shows).
+TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarnPageOutAsks) {
     ChildProcess child = StartSleeper();
     const std::pair<unsigned, DWORD> cases[] = {
         {IDM_PRIORITY_IDLE, IDLE_PRIORITY_CLASS},
@@ -211,6 +198,13 @@ TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarn
     EXPECT_TRUE(answerer.Seen().empty());
     EXPECT_EQ(0, lmvx::actions::SetPriority(0, IDM_PRIORITY_NORMAL, owner_.Get()));
     ExpectOneWarning(answerer.Seen(), IDS_CHANGE_PRIORITY, IDS_ERR_CHANGE_PRIORITY);
+
+    EXPECT_EQ(0, lmvx::actions::PageOut(child.Pid(), owner_.Get()));
+    const std::vector<SeenBox> seen = answerer.Seen();
+    ASSERT_EQ(2u, seen.size());
+    ExpectConfirmation(seen[1], L"Page Out Process", child.Pid());
+    EXPECT_NE(std::wstring::npos, seen[1].AllText().find(L"phyical memory once you resume"));
+    EXPECT_TRUE(child.IsRunning());
 }
 
 }  // namespace

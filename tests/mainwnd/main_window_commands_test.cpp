@@ -175,8 +175,15 @@ TEST_F(MainWindowCommands, TheSelectedProcessEndingWhileTheWindowIsInFrontLeaves
     // In front, the refresh thread itself deletes the ended row while the UI thread handles the selection.
     SetForegroundWindow(main_);
     ASSERT_TRUE(lmvx_test::PumpUntil([&] { return GetForegroundWindow() == main_; }, kWaitMs));
-    ASSERT_TRUE(list.SetRowState(rowOf(first), LVIS_SELECTED, LVIS_SELECTED));
-    ASSERT_TRUE(list.SetRowState(rowOf(second), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED));
+    // The refresh thread may move rows between the look-up and the change: set until the row stayed put.
+    const auto setState = [&](const lmvx_test::ChildProcess& child, UINT state) {
+        return lmvx_test::PumpUntil([&] {
+            const int row = rowOf(child);
+            return row >= 0 && list.SetRowState(row, state, state) && rowOf(child) == row;
+        }, kWaitMs);
+    };
+    ASSERT_TRUE(setState(first, LVIS_SELECTED));
+    ASSERT_TRUE(setState(second, LVIS_SELECTED | LVIS_FOCUSED));
     EXPECT_EQ(list.SelectedCount(), 1) << "every process command acts on one process: one row is selected";
 
     second.End();
