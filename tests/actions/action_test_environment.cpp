@@ -44,44 +44,6 @@ lmvx::UniqueWindow HiddenOwner() {
                                               nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
 }
 
-std::vector<HWND> VisibleWindowsOf(DWORD pid, const wchar_t* className) {
-    struct Search {
-        DWORD pid;
-        const wchar_t* className;
-        std::vector<HWND> windows;
-    } search{pid, className, {}};
-    EnumWindows(
-        [](HWND window, LPARAM context) -> BOOL {
-            auto* search = reinterpret_cast<Search*>(context);
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            wchar_t name[16] = {};
-            GetClassNameW(window, name, 16);
-            if (owner == search->pid && IsWindowVisible(window) && (!search->className || search->className == std::wstring(name))) {
-                search->windows.push_back(window);
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.windows;
-}
-
-PollingThread::PollingThread(std::function<bool()> poll) : stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-    thread_ = std::thread([this, poll = std::move(poll)] {
-        while (WaitForSingleObject(stop_, 20) == WAIT_TIMEOUT && !poll()) {}
-    });
-}
-
-PollingThread::~PollingThread() {
-    Finish();
-    CloseHandle(stop_);
-}
-
-void PollingThread::Finish() {
-    SetEvent(stop_);
-    if (thread_.joinable()) thread_.join();
-}
-
 bool MenuAnswerer::Answer() {
     constexpr UINT kGetMenuHandle = 0x01E1;   // MN_GETHMENU
     const std::vector<HWND> menus = VisibleWindowsOf(GetCurrentProcessId(), L"#32768");

@@ -4,13 +4,12 @@
 #pragma once
 #include <windows.h>
 
-#include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "child_process.h"
 #include "common/unique_resource.h"
+#include "dialog_answerer.h"
 #include "test_host.h"
 
 namespace actions_test {
@@ -24,22 +23,6 @@ std::wstring ProviderName(unsigned pid, bool company = false);
 // A text of the language module in the current language.
 std::wstring Text(unsigned id);
 lmvx::UniqueWindow HiddenOwner();
-// The visible top-level windows of a process, in z-order; only those of one class when it is given.
-std::vector<HWND> VisibleWindowsOf(DWORD pid, const wchar_t* className = nullptr);
-
-// Calls poll on a thread of its own every 20 ms until it returns true or Finish is called.
-class PollingThread {
-public:
-    explicit PollingThread(std::function<bool()> poll);
-    ~PollingThread();
-    PollingThread(const PollingThread&) = delete;
-    PollingThread& operator=(const PollingThread&) = delete;
-    void Finish();
-
-private:
-    HANDLE stop_ = nullptr;
-    std::thread thread_;
-};
 
 // Answers the popup menu this process shows: notes its items, then picks the item with the given text by the
 // keyboard, or closes the menu with Escape when choose is "" or names no item.

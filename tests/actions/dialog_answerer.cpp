@@ -1,35 +1,46 @@
 #include "dialog_answerer.h"
 
-#include <set>
+#include <algorithm>
 
 #include "dialog_ids.h"
 #include "window_texts.h"
 
 namespace actions_test {
 
-namespace {
+using lmvx_test::WindowText;
 
-// Visible dialog boxes (class #32770) of this process.
-std::vector<HWND> VisibleBoxesOfThisProcess() {
-    std::vector<HWND> boxes;
+std::vector<HWND> VisibleWindowsOf(DWORD pid, const wchar_t* className) {
+    struct Search {
+        DWORD pid;
+        const wchar_t* className;
+        std::vector<HWND> windows;
+    } search{pid, className, {}};
     EnumWindows(
         [](HWND window, LPARAM context) -> BOOL {
-            DWORD pid = 0;
-            GetWindowThreadProcessId(window, &pid);
-            wchar_t className[16] = {};
-            GetClassNameW(window, className, 16);
-            if (pid == GetCurrentProcessId() && IsWindowVisible(window) && std::wstring(className) == L"#32770") {
-                reinterpret_cast<std::vector<HWND>*>(context)->push_back(window);
+            auto* search = reinterpret_cast<Search*>(context);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            wchar_t name[16] = {};
+            GetClassNameW(window, name, 16);
+            if (owner == search->pid && IsWindowVisible(window) && (!search->className || search->className == std::wstring(name))) {
+                search->windows.push_back(window);
             }
             return TRUE;
         },
-        reinterpret_cast<LPARAM>(&boxes));
-    return boxes;
+        reinterpret_cast<LPARAM>(&search));
+    return search.windows;
 }
 
-using lmvx_test::WindowText;
+PollingThread::PollingThread(std::function<bool()> poll) : stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+    thread_ = std::thread([this, poll = std::move(poll)] {
+        while (WaitForSingleObject(stop_, 20) == WAIT_TIMEOUT && !poll()) {}
+    });
+}
 
-}  // namespace
+void PollingThread::Finish() {
+    SetEvent(stop_);
+    if (thread_.joinable()) thread_.join();
+}
 
 std::wstring SeenBox::AllText() const {
     std::wstring all;
@@ -37,52 +48,38 @@ std::wstring SeenBox::AllText() const {
     return all;
 }
 
-DialogAnswerer::DialogAnswerer(int button) : button_(button), stop_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-    thread_ = std::thread([this] { Run(); });
-}
-
-DialogAnswerer::~DialogAnswerer() {
-    SetEvent(stop_);
-    thread_.join();
-    CloseHandle(stop_);
-}
-
 std::vector<SeenBox> DialogAnswerer::Seen() const {
     std::lock_guard<std::mutex> lock(mutex_);
     return seen_;
 }
 
-void DialogAnswerer::Run() {
-    std::set<HWND> answered;
-    while (WaitForSingleObject(stop_, 20) == WAIT_TIMEOUT) {
-        for (HWND box : VisibleBoxesOfThisProcess()) {
-            if (answered.insert(box).second) Answer(box);
+// Answers every dialog box (class #32770) of this process not answered before; never done by itself.
+bool DialogAnswerer::AnswerNewBoxes() {
+    for (HWND box : VisibleWindowsOf(GetCurrentProcessId(), L"#32770")) {
+        if (std::find(answered_.begin(), answered_.end(), box) != answered_.end()) continue;
+        answered_.push_back(box);
+        SeenBox seen;
+        seen.caption = WindowText(box);
+        // A task dialog is visible before it has created its text controls. A message sent to it returns only
+        // once its thread takes messages again, that is, after it has finished setting itself up.
+        SendMessageW(box, WM_NULL, 0, 0);
+        EnumChildWindows(
+            box,
+            [](HWND child, LPARAM context) -> BOOL {
+                (*reinterpret_cast<std::map<int, std::wstring>*>(context))[GetDlgCtrlID(child)] += WindowText(child);
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&seen.controlTexts));
+        const HWND icon = GetDlgItem(box, IDC_CONFIRM_ICON);
+        seen.hasIcon = icon != nullptr && SendMessageW(icon, STM_GETICON, 0, 0) != 0;
+        {
+            std::lock_guard<std::mutex> lock(mutex_);
+            seen_.push_back(seen);
         }
+        const int button = GetDlgItem(box, button_) != nullptr ? button_ : IDOK;
+        PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
     }
-}
-
-void DialogAnswerer::Answer(HWND box) {
-    SeenBox seen;
-    seen.caption = WindowText(box);
-    // A task dialog is visible before it has created its text controls. A message sent to it returns only
-    // once its thread takes messages again, that is, after it has finished setting itself up.
-    SendMessageW(box, WM_NULL, 0, 0);
-    EnumChildWindows(
-        box,
-        [](HWND child, LPARAM context) -> BOOL {
-            auto* texts = reinterpret_cast<std::map<int, std::wstring>*>(context);
-            (*texts)[GetDlgCtrlID(child)] += WindowText(child);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&seen.controlTexts));
-    const HWND icon = GetDlgItem(box, IDC_CONFIRM_ICON);
-    seen.hasIcon = icon != nullptr && SendMessageW(icon, STM_GETICON, 0, 0) != 0;
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        seen_.push_back(seen);
-    }
-    const int button = GetDlgItem(box, button_) != nullptr ? button_ : IDOK;
-    PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
+    return false;
 }
 
 }  // namespace actions_test

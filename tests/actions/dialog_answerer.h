@@ -3,6 +3,7 @@
 #pragma once
 #include <windows.h>
 
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -10,6 +11,23 @@
 #include <vector>
 
 namespace actions_test {
+
+// The visible top-level windows of a process, in z-order; only those of one class when it is given.
+std::vector<HWND> VisibleWindowsOf(DWORD pid, const wchar_t* className = nullptr);
+
+// Calls poll on a thread of its own every 20 ms until it returns true or Finish is called.
+class PollingThread {
+public:
+    explicit PollingThread(std::function<bool()> poll);
+    ~PollingThread() { Finish(); CloseHandle(stop_); }
+    PollingThread(const PollingThread&) = delete;
+    PollingThread& operator=(const PollingThread&) = delete;
+    void Finish();
+
+private:
+    HANDLE stop_ = nullptr;
+    std::thread thread_;
+};
 
 struct SeenBox {
     std::wstring caption;
@@ -21,23 +39,19 @@ struct SeenBox {
 class DialogAnswerer {
 public:
     // button: the button pressed in every box (IDOK or IDCANCEL); a box without that button gets IDOK.
-    explicit DialogAnswerer(int button);
-    ~DialogAnswerer();
-    DialogAnswerer(const DialogAnswerer&) = delete;
-    DialogAnswerer& operator=(const DialogAnswerer&) = delete;
+    explicit DialogAnswerer(int button) : button_(button) {}
 
     // The boxes answered so far, in the order they appeared.
     std::vector<SeenBox> Seen() const;
 
 private:
-    void Run();
-    void Answer(HWND box);
+    bool AnswerNewBoxes();
 
     const int button_;
     mutable std::mutex mutex_;
     std::vector<SeenBox> seen_;
-    HANDLE stop_ = nullptr;
-    std::thread thread_;
+    std::vector<HWND> answered_;   // only the polling thread touches it
+    PollingThread thread_{[this] { return AnswerNewBoxes(); }};
 };
 
 }  // namespace actions_test

@@ -120,10 +120,7 @@ public:
         if (!condition_.wait_for(lock, std::chrono::seconds(10), [this] { return opened_; })) return L"<none>";
         return openedPath_;
     }
-    DWORD OpeningThread() {
-        OpenedPath();
-        return openingThread_;
-    }
+    DWORD OpeningThread() { return OpenedPath(), openingThread_; }
 
 private:
     static DWORD FileAttributes(void* context, const wchar_t* path) {
@@ -149,7 +146,8 @@ private:
 };
 
 // A file opens its folder, a folder its parent; the name is cut one character at a time until it exists, and a
-// shortened name that is a file opens whole; a one-character path hands the shell the empty string.
+// shortened name that is a file opens whole; a one-character path hands the shell the empty string. The shell
+// is called on another thread.
 TEST(OpenInShell, WhichPathReachesTheShell) {
     const struct {
         std::vector<std::wstring> files, folders;
@@ -168,18 +166,11 @@ TEST(OpenInShell, WhichPathReachesTheShell) {
         for (const std::wstring& folder : c.folders) shell.AddFolder(folder);
         EXPECT_EQ(1, lmvx::OpenInShellWith(c.path, shell.Calls())) << c.path;
         EXPECT_EQ(c.opened, shell.OpenedPath()) << c.path;
+        EXPECT_NE(GetCurrentThreadId(), shell.OpeningThread()) << "the shell is called on another thread";
     }
     FakeShell shell;
     EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls())) << "an empty path opens nothing";
     EXPECT_EQ(0, lmvx::OpenInShellWith(nullptr, shell.Calls()));
-}
-
-TEST(OpenInShell, TheShellIsCalledOnAnotherThread) {
-    FakeShell shell;
-    ASSERT_EQ(1, lmvx::OpenInShellWith(L"C:\\Tools\\app.exe", shell.Calls()));
-    const DWORD openingThread = shell.OpeningThread();
-    EXPECT_NE(0u, openingThread);
-    EXPECT_NE(GetCurrentThreadId(), openingThread);
 }
 
 TEST(CopyTruncated, CopiesWhatFitsAndAlwaysTerminates) {
@@ -209,7 +200,7 @@ struct Lookup {
     }
 };
 
-TEST(WindowOwnerCache, AsksOncePerWindowWhileItStaysListed) {
+TEST(WindowOwnerCache, AsksOncePerWindowWhileItStaysListedAndForgetsTheRest) {
     lmvx::WindowOwnerCache cache;
     Lookup lookup;
     auto ask = [&](HWND window) { return lookup(window); };
@@ -227,13 +218,9 @@ TEST(WindowOwnerCache, AsksOncePerWindowWhileItStaysListed) {
     ASSERT_EQ(second.size(), 4u);
     EXPECT_EQ(second[0].threadId, 0x2002cu) << "owners follow the order of this listing";
     EXPECT_EQ(second[3].threadId, 0x30030u);
-}
 
-TEST(WindowOwnerCache, ForgetsWindowsThatLeftTheListAndUnansweredOnes) {
-    lmvx::WindowOwnerCache cache;
-    Lookup lookup;
+    // Windows that left the listing and windows that could not be answered are forgotten.
     lookup.gone = {Handle(0x50050)};
-    auto ask = [&](HWND window) { return lookup(window); };
     cache.OwnersOf({Handle(0x40040), Handle(0x50050)}, ask);
     cache.OwnersOf({Handle(0x50050)}, ask);   // 0x40040 has gone from the listing
     lookup.asked.clear();

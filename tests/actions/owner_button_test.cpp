@@ -8,66 +8,46 @@
 
 namespace {
 
-// A hidden owner-drawn button and a 120 x 40 bitmap to paint it into.
-class ButtonCanvas : public testing::Test {
-protected:
-    void SetUp() override {
-        button_ = CreateWindowExW(0, L"BUTTON", L"Pause", WS_POPUP | BS_OWNERDRAW, 0, 0, 120, 40, nullptr, nullptr,
-                                  GetModuleHandleW(nullptr), nullptr);
-        ASSERT_NE(nullptr, button_);
-        const HDC screen = GetDC(nullptr);
-        dc_ = CreateCompatibleDC(screen);
-        bitmap_.Reset(CreateCompatibleBitmap(screen, 120, 40));
-        ReleaseDC(nullptr, screen);
-        previous_ = SelectObject(dc_, bitmap_.Get());
-        const lmvx::UniqueGdiObject marker(CreateSolidBrush(kMarker));
-        const RECT all = {0, 0, 120, 40};
-        FillRect(dc_, &all, static_cast<HBRUSH>(marker.Get()));
-    }
-    void TearDown() override {
-        SelectObject(dc_, previous_);
-        DeleteDC(dc_);
-        if (button_) DestroyWindow(button_);
-    }
-
-    DRAWITEMSTRUCT Item(UINT type, UINT state) const {
+// A one-pixel shadow frame around a face that focus lightens and pushing highlights; other item types
+// are left alone. Painted into a 120 x 40 bitmap first filled with a marker colour.
+TEST(OwnerButtonPainting, FrameAndFaceByStateAndNothingForOtherItemTypes) {
+    const lmvx::UniqueWindow button(CreateWindowExW(0, L"BUTTON", L"Pause", WS_POPUP | BS_OWNERDRAW, 0, 0, 120, 40,
+                                                    nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
+    ASSERT_TRUE(button);
+    const HDC screen = GetDC(nullptr);
+    const lmvx::UniqueMemoryDc dc(CreateCompatibleDC(screen));
+    const lmvx::UniqueBitmap bitmap(CreateCompatibleBitmap(screen, 120, 40));
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ previous = SelectObject(dc.Get(), bitmap.Get());
+    const COLORREF marker = RGB(1, 200, 3);
+    const lmvx::UniqueGdiObject brush(CreateSolidBrush(marker));
+    const RECT all = {0, 0, 120, 40};
+    FillRect(dc.Get(), &all, static_cast<HBRUSH>(brush.Get()));
+    const auto draw = [&](UINT type, UINT state) {
         DRAWITEMSTRUCT item = {};
         item.CtlType = type;
         item.itemState = state;
-        item.hwndItem = button_;
-        item.hDC = dc_;
-        item.rcItem = {0, 0, 120, 40};
-        return item;
-    }
-    COLORREF Pixel(int x, int y) const { return GetPixel(dc_, x, y); }
-    // The colour a device of this depth shows for c.
-    COLORREF Shown(COLORREF c) const { return GetNearestColor(dc_, c); }
+        item.hwndItem = button.Get();
+        item.hDC = dc.Get();
+        item.rcItem = all;
+        return lmvx::DrawOwnerButton(nullptr, &item);
+    };
+    const auto pixel = [&](int x, int y) { return GetPixel(dc.Get(), x, y); };
+    const auto shown = [&](COLORREF c) { return GetNearestColor(dc.Get(), c); };   // as a device of this depth shows it
 
-    static constexpr COLORREF kMarker = RGB(1, 200, 3);
-    HWND button_ = nullptr;
-    HDC dc_ = nullptr;
-    lmvx::UniqueGdiObject bitmap_;
-    HGDIOBJ previous_ = nullptr;
-};
-
-// A one-pixel shadow frame around a face that focus lightens and pushing highlights; other item types
-// are left alone.
-TEST_F(ButtonCanvas, FrameAndFaceByStateAndNothingForOtherItemTypes) {
-    const DRAWITEMSTRUCT other = Item(ODT_STATIC, 0);
-    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &other));
-    EXPECT_EQ(Shown(kMarker), Pixel(0, 0));
-    EXPECT_EQ(Shown(kMarker), Pixel(60, 20));
-    const DRAWITEMSTRUCT plain = Item(ODT_BUTTON, 0);
-    EXPECT_EQ(1, lmvx::DrawOwnerButton(nullptr, &plain));
-    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNSHADOW)), Pixel(0, 0));
-    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNSHADOW)), Pixel(119, 39));
-    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNFACE)), Pixel(2, 2));
-    const DRAWITEMSTRUCT focused = Item(ODT_BUTTON, ODS_FOCUS);
-    lmvx::DrawOwnerButton(nullptr, &focused);
-    EXPECT_EQ(Shown(lmvx::LightFaceColor(GetSysColor(COLOR_BTNFACE))), Pixel(2, 2));
-    SendMessageW(button_, BM_SETSTATE, TRUE, 0);
-    lmvx::DrawOwnerButton(nullptr, &focused);
-    EXPECT_EQ(Shown(GetSysColor(COLOR_BTNHIGHLIGHT)), Pixel(2, 2)) << "a focused pushed button is painted pressed";
+    EXPECT_EQ(1, draw(ODT_STATIC, 0));
+    EXPECT_EQ(shown(marker), pixel(0, 0));
+    EXPECT_EQ(shown(marker), pixel(60, 20));
+    EXPECT_EQ(1, draw(ODT_BUTTON, 0));
+    EXPECT_EQ(shown(GetSysColor(COLOR_BTNSHADOW)), pixel(0, 0));
+    EXPECT_EQ(shown(GetSysColor(COLOR_BTNSHADOW)), pixel(119, 39));
+    EXPECT_EQ(shown(GetSysColor(COLOR_BTNFACE)), pixel(2, 2));
+    draw(ODT_BUTTON, ODS_FOCUS);
+    EXPECT_EQ(shown(lmvx::LightFaceColor(GetSysColor(COLOR_BTNFACE))), pixel(2, 2));
+    SendMessageW(button.Get(), BM_SETSTATE, TRUE, 0);
+    draw(ODT_BUTTON, ODS_FOCUS);
+    EXPECT_EQ(shown(GetSysColor(COLOR_BTNHIGHLIGHT)), pixel(2, 2)) << "a focused pushed button is painted pressed";
+    SelectObject(dc.Get(), previous);
 }
 
 }  // namespace

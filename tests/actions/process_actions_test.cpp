@@ -74,14 +74,25 @@ TEST_F(ProcessActions, TerminateEndsTheProcessAfterOk) {
     EXPECT_NE(std::wstring::npos, seen[0].AllText().find(L"Are you sure?"));
 }
 
-TEST_F(ProcessActions, CancelledQuestionsLeaveTheProcessAsItWas) {
+// Cancelled questions change nothing and warn of nothing; the question names its target with the company
+// (this test program carries the program's version resource, so it has one). This program is never paused.
+TEST_F(ProcessActions, CancelledQuestionsLeaveTheProcessAsItWasAndThisProgramIsNotPaused) {
     ChildProcess child = StartSleeper();
-    DialogAnswerer answerer(IDCANCEL);
-    EXPECT_EQ(0, lmvx::actions::Terminate(child.Pid(), owner_.Get()));
-    EXPECT_TRUE(child.IsRunning());
-    lmvx::actions::Pause(child.Pid(), owner_.Get());
-    EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
-    EXPECT_EQ(2u, answerer.Seen().size());   // the questions only, no warning
+    ASSERT_FALSE(actions_test::ProviderName(GetCurrentProcessId(), true).empty());
+    {
+        DialogAnswerer answerer(IDCANCEL);
+        EXPECT_EQ(0, lmvx::actions::Terminate(child.Pid(), owner_.Get()));
+        EXPECT_TRUE(child.IsRunning());
+        lmvx::actions::Pause(child.Pid(), owner_.Get());
+        EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
+        EXPECT_EQ(0, lmvx::actions::Terminate(GetCurrentProcessId(), owner_.Get()));
+        const std::vector<SeenBox> seen = answerer.Seen();
+        ASSERT_EQ(3u, seen.size());   // the questions only, no warning
+        ExpectConfirmation(seen[2], L"Terminate Process", GetCurrentProcessId());
+    }
+    DialogAnswerer answerer(IDOK);
+    EXPECT_EQ(0, lmvx::actions::Pause(GetCurrentProcessId(), owner_.Get()));
+    ExpectOneWarning(answerer.Seen(), IDS_PAUSE_PROCESS, IDS_ERR_CANNOT_PAUSE_SELF);
 }
 
 // Each action asks first (naming an ended process unknown), then warns, with the program's title for a
@@ -119,17 +130,6 @@ TEST_F(ProcessActions, EachActionOnAnEndedProcessWarns) {
     ExpectOneWarning({answerer.Seen()[7]}, IDS_CHANGE_PRIORITY, IDS_ERR_CHANGE_PRIORITY);
 }
 
-TEST_F(ProcessActions, ConfirmationShowsTheCompanyOfTheTarget) {
-    // This test program carries the program's version resource, so it has a company to show.
-    actions_test::RefreshProvider();
-    ASSERT_FALSE(actions_test::ProviderName(GetCurrentProcessId(), true).empty());
-    DialogAnswerer answerer(IDCANCEL);
-    EXPECT_EQ(0, lmvx::actions::Terminate(GetCurrentProcessId(), owner_.Get()));
-    const std::vector<SeenBox> seen = answerer.Seen();
-    ASSERT_EQ(1u, seen.size());
-    ExpectConfirmation(seen[0], L"Terminate Process", GetCurrentProcessId());
-}
-
 // ---- Pause and resume ----
 
 TEST_F(ProcessActions, PauseSuspendsAfterOkAndResumeUndoesOneSuspensionAtATimeWithoutAsking) {
@@ -157,12 +157,6 @@ TEST_F(ProcessActions, PauseSuspendsAfterOkAndResumeUndoesOneSuspensionAtATimeWi
     EXPECT_TRUE(answerer.Seen().empty());
 }
 
-TEST_F(ProcessActions, PauseRefusesThisProgramBeforeAsking) {
-    DialogAnswerer answerer(IDOK);
-    EXPECT_EQ(0, lmvx::actions::Pause(GetCurrentProcessId(), owner_.Get()));
-    ExpectOneWarning(answerer.Seen(), IDS_PAUSE_PROCESS, IDS_ERR_CANNOT_PAUSE_SELF);
-}
-
 TEST_F(ProcessActions, ResumeAllResumesEveryPausedProcess) {
     ChildProcess first = StartSleeper();
     ChildProcess second = StartSleeper();
@@ -177,25 +171,12 @@ TEST_F(ProcessActions, ResumeAllResumesEveryPausedProcess) {
     EXPECT_TRUE(answerer.Seen().empty());
 }
 
-// ---- Page out ----
-
-TEST_F(ProcessActions, PageOutAsksAndSucceedsQuietly) {
-    // Wine accepts the trim without changing the working set, so success is what can be seen here.
-    ChildProcess child = StartSleeper();
-    DialogAnswerer answerer(IDOK);
-    EXPECT_EQ(0, lmvx::actions::PageOut(child.Pid(), owner_.Get()));
-    const std::vector<SeenBox> seen = answerer.Seen();
-    ASSERT_EQ(1u, seen.size());
-    ExpectConfirmation(seen[0], L"Page Out Process", child.Pid());
-    EXPECT_NE(std::wstring::npos, seen[0].AllText().find(L"phyical memory once you resume"));
-    EXPECT_TRUE(child.IsRunning());
-}
-
 // ---- Priority ----
 
 // Each priority command sets its class without asking; other commands change nothing and say nothing; a
-// process that cannot be opened (process id 0, the idle process) gets a warning, not silence.
-TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarn) {
+// process that cannot be opened (process id 0, the idle process) gets a warning, not silence. Page out asks
+// and succeeds quietly (Wine accepts the trim without changing the working set, so success is what shows).
+TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarnPageOutAsks) {
     ChildProcess child = StartSleeper();
     const std::pair<unsigned, DWORD> cases[] = {
         {IDM_PRIORITY_IDLE, IDLE_PRIORITY_CLASS},
@@ -217,6 +198,13 @@ TEST_F(ProcessActions, PriorityCommandsSetTheirClassOthersNothingAndFailuresWarn
     EXPECT_TRUE(answerer.Seen().empty());
     EXPECT_EQ(0, lmvx::actions::SetPriority(0, IDM_PRIORITY_NORMAL, owner_.Get()));
     ExpectOneWarning(answerer.Seen(), IDS_CHANGE_PRIORITY, IDS_ERR_CHANGE_PRIORITY);
+
+    EXPECT_EQ(0, lmvx::actions::PageOut(child.Pid(), owner_.Get()));
+    const std::vector<SeenBox> seen = answerer.Seen();
+    ASSERT_EQ(2u, seen.size());
+    ExpectConfirmation(seen[1], L"Page Out Process", child.Pid());
+    EXPECT_NE(std::wstring::npos, seen[1].AllText().find(L"phyical memory once you resume"));
+    EXPECT_TRUE(child.IsRunning());
 }
 
 }  // namespace

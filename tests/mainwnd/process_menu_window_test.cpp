@@ -108,19 +108,6 @@ TEST_F(ProcessMenuWindowTest, ContextMenuOfARunningChildOffersEveryActionWithIts
     EXPECT_EQ(priority->submenu.back().id, static_cast<UINT>(IDM_PAUSE_PROCESS));
 }
 
-TEST_F(ProcessMenuWindowTest, ContextMenuOfTheProgramItselfGraysPauseRestartIdleAndPaused) {
-    const auto menu = ContextMenuFor(GetCurrentProcessId());
-    ASSERT_FALSE(menu.empty());
-    EXPECT_TRUE(Find(menu, IDM_PAUSE_PROCESS)->grayed);
-    EXPECT_TRUE(Find(menu, IDM_RESTART_PROCESS)->grayed);
-    EXPECT_FALSE(Find(menu, IDM_TERMINATE_PROCESS)->grayed);
-    const SeenItem* priority = Find(menu, 0, L"Priority");
-    ASSERT_NE(priority, nullptr);
-    EXPECT_TRUE(Find(priority->submenu, IDM_PRIORITY_IDLE)->grayed);
-    EXPECT_FALSE(Find(priority->submenu, IDM_PRIORITY_HIGH)->grayed);
-    EXPECT_TRUE(priority->submenu.back().grayed);
-}
-
 TEST_F(ProcessMenuWindowTest, PrioritySubmenuFollowsAChangedPriorityClass) {
     lmvx_test::ChildProcess child(L"sleep 60000");
     ASSERT_TRUE(child.Started());
@@ -135,7 +122,7 @@ TEST_F(ProcessMenuWindowTest, PrioritySubmenuFollowsAChangedPriorityClass) {
 }
 
 // The main menu's Process popup follows the selection each cycle; a paused selection turns the popup and
-// the pane's pause button to Resume.
+// the pane's pause button to Resume. For the program itself Pause, Restart, Idle and Paused are grayed.
 TEST_F(ProcessMenuWindowTest, TheProcessPopupAndThePauseButtonFollowTheSelectionAndItsPause) {
     lmvx_test::ChildProcess child(L"sleep 60000");
     ASSERT_TRUE(child.Started());
@@ -177,6 +164,16 @@ TEST_F(ProcessMenuWindowTest, TheProcessPopupAndThePauseButtonFollowTheSelection
     wchar_t title[64] = {};
     GetMenuStringW(GetMenu(main_->Get()), 2, title, 64, MF_BYPOSITION);
     EXPECT_STREQ(title, L"Process");
+    const auto own = RightClickMenu(main_->Get(), main_->List());
+    ASSERT_FALSE(own.empty());
+    EXPECT_TRUE(Find(own, IDM_PAUSE_PROCESS)->grayed);
+    EXPECT_TRUE(Find(own, IDM_RESTART_PROCESS)->grayed);
+    EXPECT_FALSE(Find(own, IDM_TERMINATE_PROCESS)->grayed);
+    const SeenItem* ownPriority = Find(own, 0, L"Priority");
+    ASSERT_NE(ownPriority, nullptr);
+    EXPECT_TRUE(Find(ownPriority->submenu, IDM_PRIORITY_IDLE)->grayed);
+    EXPECT_FALSE(Find(ownPriority->submenu, IDM_PRIORITY_HIGH)->grayed);
+    EXPECT_TRUE(ownPriority->submenu.back().grayed);
 }
 
 TEST_F(ProcessMenuWindowTest, AProcessOutsideTheSnapshotGetsOnlyAGrayedProperties) {

@@ -99,7 +99,7 @@ TEST_F(DetailsPaneTest, EachCommandActsOnTheShownOrTheSelectedProcess) {
     EXPECT_TRUE(selectedChild.IsRunning());
 }
 
-TEST_F(DetailsPaneTest, ShowsNameIconPathAndPriorityOfTheShownProcess) {
+TEST_F(DetailsPaneTest, ShowsNameIconPathAndPriorityOfTheShownProcessAndFollowsTheSelection) {
     const int item = provider.GetItemByPID(shownChild.Pid());
     ASSERT_GE(item, 0);
     EXPECT_EQ(Text(pane, IDC_PANE_NAME), provider.GetItemImageName(item));
@@ -107,9 +107,6 @@ TEST_F(DetailsPaneTest, ShowsNameIconPathAndPriorityOfTheShownProcess) {
     EXPECT_EQ(Text(pane, IDC_PANE_PATH), provider.GetItemPathName(item));
     EXPECT_EQ(Text(pane, IDC_PANE_PRIORITY_LINK), FakePriorityName(provider.GetItemProcessPriority(item)));
     EXPECT_NE(SendDlgItemMessageW(pane, IDC_PANE_PROCESS_ICON, STM_GETICON, 0, 0), 0);
-}
-
-TEST_F(DetailsPaneTest, FollowsTheSelection) {
     lmvx::DetailsPaneFollowSelection(pane);
     EXPECT_EQ(lmvx::DetailsPaneShownPid(pane), selectedChild.Pid());
     EXPECT_EQ(Text(pane, IDC_PANE_NAME), L"lmvx_test_child.exe");

@@ -1,5 +1,5 @@
-// The Run dialog on its own thread: labels at start, an empty line keeps it open, a start of a real program,
-// a failing start with its warning, and recent commands that (intentionally) never show.
+// The Run dialog on its own thread: labels at start, an empty line keeps it open, a failing start with its
+// warning, a start of a real program, and recent commands that (intentionally) never show.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -46,8 +46,9 @@ protected:
 };
 
 // At start: the choices labelled, the current user checked, and the recent commands nowhere (they go to
-// control 1003, which the dialog does not have: intended). OK with an empty line leaves the dialog open.
-TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandAndStaysOpenForAnEmptyLine) {
+// control 1003, which the dialog does not have: intended). OK with an empty line leaves the dialog open; a
+// start that fails warns with the system's reason and closes the dialog.
+TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandStaysOpenForAnEmptyLineAndWarnsOfAFailedStart) {
     lmvx::UniqueRegKey runMru;
     ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, lmvx::kRunMruKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, runMru.Put(),
                               nullptr),
@@ -58,8 +59,8 @@ TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandAndStaysOpenForAnEmptyLin
     RegSetKeyValueW(runMru.Get(), nullptr, L"MRUList", REG_SZ, order, sizeof(order));
     EXPECT_EQ(lmvx::ReadRunMruEntries(runMru.Get()).back(), L"lmvx_recent_command");
 
-    std::wstring currentUser, elevated, text = L"?";
-    bool checked = false, stillOpen = false;
+    std::wstring currentUser, elevated, text = L"?", boxTexts;
+    bool checked = false, stillOpen = false, closed = false;
     LRESULT items = -1;
     RunDialogWith(host.Get(), [&](HWND dialog) {
         currentUser = ItemText(dialog, IDC_RUN_AS_CURRENT_USER);
@@ -69,7 +70,15 @@ TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandAndStaysOpenForAnEmptyLin
         text = ItemText(dialog, IDC_RUN_COMMAND);
         TypeAndPressOk(dialog, L"");
         stillOpen = IsWindow(dialog) && IsWindowVisible(dialog);
-        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        std::thread closer([&] {
+            lmvx_test::WaitForOwnWindow(Caption(), 20000, [&](HWND box) {
+                boxTexts = lmvx_test::ChildTexts(box);
+                PostMessageW(box, WM_COMMAND, IDOK, 0);
+            }, dialog);
+        });
+        TypeAndPressOk(dialog, L"C:\\no such folder\\no such program.exe");
+        closer.join();
+        closed = lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
     });
     RegDeleteValueW(runMru.Get(), L"z");
     RegDeleteValueW(runMru.Get(), L"MRUList");
@@ -82,6 +91,8 @@ TEST_F(RunDialogTest, LabelsChoicesShowsNoRecentCommandAndStaysOpenForAnEmptyLin
     EXPECT_EQ(items, 0);
     EXPECT_EQ(text, L"");
     EXPECT_TRUE(stillOpen);
+    EXPECT_TRUE(closed);
+    EXPECT_NE(boxTexts.find(UIL_LangModule.GetLangString(IDS_ERR_RUN_COMMAND)), std::wstring::npos);
 }
 
 TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
@@ -102,24 +113,6 @@ TEST_F(RunDialogTest, StartsTheTypedProgramAndCloses) {
     EXPECT_TRUE(lmvx_test::PumpUntil([&] { return !lmvx_test::ReadWholeFile(marker).empty(); }, 30000));
     DeleteFileW(marker.c_str());
     DeleteFileW(script.c_str());
-}
-
-TEST_F(RunDialogTest, AFailingStartWarnsAndCloses) {
-    std::wstring boxTexts;
-    bool closed = false;
-    RunDialogWith(host.Get(), [&](HWND dialog) {
-        std::thread closer([&] {
-            lmvx_test::WaitForOwnWindow(Caption(), 20000, [&](HWND box) {
-                boxTexts = lmvx_test::ChildTexts(box);
-                PostMessageW(box, WM_COMMAND, IDOK, 0);
-            }, dialog);
-        });
-        TypeAndPressOk(dialog, L"C:\\no such folder\\no such program.exe");
-        closer.join();
-        closed = lmvx_test::PumpUntil([&] { return !IsWindow(dialog); }, 10000);
-    });
-    EXPECT_TRUE(closed);
-    EXPECT_NE(boxTexts.find(UIL_LangModule.GetLangString(IDS_ERR_RUN_COMMAND)), std::wstring::npos);
 }
 
 }  // namespace

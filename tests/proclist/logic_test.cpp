@@ -260,7 +260,9 @@ RowShadow ThreeRows(bool pidAsImage = false) {
     return shadow;
 }
 
-TEST(RowShadow, InsertedRowKnowsItsFirstCellAndEmptyOthersAndPushesTheOthersDown) {
+// An inserted row knows its first cell, empty other cells, no indent and its image, and pushes the others
+// down; a recorded cell, indent or image matches only itself until it is forgotten.
+TEST(RowShadow, InsertRecordAndForget) {
     RowShadow shadow;
     shadow.Insert(0, 42, 3, L"a.exe");
     ASSERT_EQ(shadow.Count(), 1);
@@ -284,11 +286,7 @@ TEST(RowShadow, InsertedRowKnowsItsFirstCellAndEmptyOthersAndPushesTheOthersDown
     EXPECT_FALSE(shadow.IsCellDifferent(2, 0, L"1"));
     shadow.Insert(9, 4, 0, L"");
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 2, 1, 4})) << "beyond the end appends";
-}
 
-TEST(RowShadow, RecordedCellsMatchOnlyTheirText) {
-    RowShadow shadow;
-    shadow.Insert(0, 5, 0, L"x");
     shadow.RecordCell(0, 3, L"1,024 K");
     EXPECT_FALSE(shadow.IsCellDifferent(0, 3, L"1,024 K"));
     EXPECT_TRUE(shadow.IsCellDifferent(0, 3, L"1,028 K"));
@@ -302,7 +300,7 @@ TEST(RowShadow, RecordedCellsMatchOnlyTheirText) {
     EXPECT_TRUE(shadow.IsImageDifferent(0, 3));
 }
 
-TEST(RowShadow, EraseAndResetToPids) {
+TEST(RowShadow, EraseResetPermuteAndReorder) {
     RowShadow shadow = ThreeRows();
     shadow.Erase(1);
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 1}));
@@ -316,10 +314,9 @@ TEST(RowShadow, EraseAndResetToPids) {
     EXPECT_TRUE(shadow.IsCellDifferent(0, 0, L""));
     EXPECT_TRUE(shadow.IsIndentDifferent(1, 0));
     EXPECT_TRUE(shadow.IsImageDifferent(1, 0));
-}
 
-TEST(RowShadow, PermuteAndReorderCarryEachRowsCells) {
-    RowShadow shadow = ThreeRows(true);
+    // Permuting and reordering carry each row's cells.
+    shadow = ThreeRows(true);
     shadow.Permute({2, 0, 1});
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{1, 3, 2}));
     EXPECT_FALSE(shadow.IsCellDifferent(0, 0, L"1"));

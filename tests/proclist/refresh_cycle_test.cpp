@@ -1,21 +1,30 @@
-// The refresh thread, the rates and the main window's timers, on a real window and the real provider.
+// The refresh thread, the rates and the main window's timers, and the list's rows, on a real window and the
+// real provider.
 #include <gtest/gtest.h>
 
 #include <mutex>
+#include <regex>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/option_keys.h"
+#include "child_process.h"
 #include "command_ids.h"
 #include "dialog_ids.h"
+#include "finch.h"
+#include "proclist/column_table.h"
+#include "proclist/kestrel_process_source.h"
 #include "proclist/process_list_view.h"
 #include "proclist/refresh_cycle.h"
-#include "test_environment.h"
+#include "string_ids.h"
+#include "test_host.h"
 #include "wren.h"
 
 namespace proclist_test {
 namespace {
+
+using namespace lmvx_test;
 
 using proclist::RefreshCycle;
 namespace options = lmvx::options;
@@ -121,17 +130,58 @@ TEST_F(RefreshCycleTest, CycleRunsItsStepsInOrderAfterTheProviderUpdate) {
     EXPECT_EQ(firstCycle, (std::vector<std::string>{"sample", "popups", "selection", "details", "status", "menu"}));
 }
 
-TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViews) {
+// Out of front the UI thread refreshes the views (the list through WM_USER 4000). Every row is then a process
+// of the snapshot; the test's own row shows its values through the cell rules; in tree mode a child is
+// indented below its parent.
+TEST_F(RefreshCycleTest, OutOfFrontTheUiThreadRefreshesTheViewsAndTheRowsShowTheSnapshot) {
+    lmvx_test::ChildProcess child(L"sleep 60000");
+    ASSERT_TRUE(child.Started());
     TestMainWindow other(true);
     SetForegroundWindow(other.Get());
     ASSERT_NE(GetForegroundWindow(), window_.Get());
     proclist::ProcessListView list;
     ASSERT_TRUE(list.Attach(window_.List(), provider_));
     RunTwoViewRefreshes();
-    std::lock_guard guard(log_.lock);
-    for (DWORD thread : log_.viewThreads) EXPECT_EQ(thread, GetCurrentThreadId());
-    EXPECT_GT(ListView_GetItemCount(window_.List()), 0) << "the process list was refreshed through WM_USER 4000";
-    EXPECT_GE(RowOfPid(window_.List(), GetCurrentProcessId()), 0);
+    {
+        std::lock_guard guard(log_.lock);
+        for (DWORD thread : log_.viewThreads) EXPECT_EQ(thread, GetCurrentThreadId());
+    }
+    const HWND rows = window_.List();
+    const unsigned pid = GetCurrentProcessId();
+    ASSERT_GE(RowOfPid(rows, pid), 0) << "the process list was not refreshed through WM_USER 4000";
+    provider_.Update();
+    list.Refresh();
+    ASSERT_EQ(ListView_GetItemCount(rows), provider_.GetItemCount());
+    for (unsigned shown : PidsInRowOrder(rows)) EXPECT_GE(provider_.GetItemByPID(shown), 0) << shown;
+    const int row = RowOfPid(rows, pid);
+    const int index = provider_.GetItemByPID(pid);
+    ASSERT_GE(index, 0);
+    const auto cells = proclist::FormatRowCells(proclist::KestrelProcessSource(provider_).GetItemRowValues(index), true,
+                                                UIL_LangModule.GetLangString(IDS_START_TIME_FORMAT));
+    for (int column : {proclist::kColumnProcess, proclist::kColumnDescription, proclist::kColumnCompanyName,
+                       proclist::kColumnPathName, proclist::kColumnProcessId, proclist::kColumnStartTime,
+                       proclist::kColumnUsername}) {   // the counters of the running test may move between reads
+        EXPECT_EQ(CellText(rows, row, column), cells[column]) << "column " << column;
+    }
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    EXPECT_EQ(L"\\" + CellText(rows, row, proclist::kColumnProcess), std::wcsrchr(path, L'\\'));
+    const std::wstring start = CellText(rows, row, proclist::kColumnStartTime);
+    EXPECT_TRUE(std::regex_match(start, std::wregex(L"\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d"))) << start;
+    EXPECT_EQ(CellText(rows, row, proclist::kColumnProcessId), std::to_wstring(pid));
+    EXPECT_NE(CellText(rows, row, proclist::kColumnHandles), L"");
+    EXPECT_EQ(RowImage(rows, row), provider_.GetItemImageListIndex(index));
+
+    list.SetSortState({proclist::kSortProcessTree, false});
+    for (int refresh = 0; refresh < 2; ++refresh) {
+        provider_.Update();
+        list.Refresh();
+    }
+    const int parentRow = RowOfPid(rows, pid);
+    const int childRow = RowOfPid(rows, child.Pid());
+    ASSERT_GE(childRow, 0);
+    EXPECT_EQ(RowIndent(rows, childRow), RowIndent(rows, parentRow) + 1);
+    EXPECT_GT(childRow, parentRow);
 }
 
 TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
@@ -142,17 +192,12 @@ TEST_F(RefreshCycleTest, InFrontTheRefreshThreadRefreshesTheViewsItself) {
     for (DWORD thread : log_.viewThreads) EXPECT_NE(thread, GetCurrentThreadId());
 }
 
-TEST_F(RefreshCycleTest, HiddenWindowKeepsSamplingWithoutViewRefresh) {
+// A hidden window keeps sampling without view refreshes; the thread ends by itself with the main window.
+TEST_F(RefreshCycleTest, HiddenWindowKeepsSamplingWithoutViewRefreshAndTheThreadEndsWithTheWindow) {
     ShowWindow(window_.Get(), SW_HIDE);
     StartCycle(100);
     ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 3; }, 60000));
-    cycle_.Stop();
     EXPECT_EQ(log_.ViewRefreshes(), 0u);
-}
-
-TEST_F(RefreshCycleTest, ThreadEndsByItselfWhenTheMainWindowIsDestroyed) {
-    StartCycle(100);
-    ASSERT_TRUE(PumpUntil([this] { return log_.Cycles() >= 1; }, 60000));
     window_.SetHandlers(nullptr);
     window_.Destroy();
     EXPECT_TRUE(PumpUntil([this] { return cycle_.HasThreadEnded(); }, 60000));
