@@ -170,7 +170,7 @@ TEST_F(PropertiesWindowTest, ListsThePagesShowsOnlyTheSelectedOneTellsTheExitCod
 
     // Every window and its thread end with the main window.
     main_.reset();
-    EXPECT_TRUE(PropertiesFramesOf(child_.Pid()).empty());
+    EXPECT_TRUE(PumpUntil([&] { return PropertiesFramesOf(child_.Pid()).empty(); }, kLimitMs));
     for (HANDLE thread : threads) {
         EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }, kLimitMs));
         CloseHandle(thread);
