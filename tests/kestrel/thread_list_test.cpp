@@ -58,27 +58,6 @@ TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
     EXPECT_EQ(nullptr, list.FindThread(GetCurrentThreadId())) << "only the child's threads";
 }
 
-TEST_F(ThreadListTest, SuspendResumeAndTerminateActForReal) {
-    const DWORD blocked = threads_->blocked;
-    EXPECT_TRUE(kestrel::PRM_IsThreadSuspended(threads_->suspended));
-    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(blocked));
-    ASSERT_TRUE(kestrel::PRM_SuspendThread(blocked));
-    EXPECT_TRUE(kestrel::PRM_IsThreadSuspended(blocked));
-    ASSERT_TRUE(kestrel::PRM_ResumeThread(blocked));
-    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(blocked));
-
-    // A thread of its own to end, so the other tests keep theirs.
-    KnownThreads other = KnownThreads::Start();
-    ASSERT_TRUE(other.Started());
-    ASSERT_TRUE(kestrel::PRM_TerminateThread(other.burning));
-    kestrel::PD_THREADLIST list;
-    EXPECT_TRUE(PumpUntil(
-        [&] { return list.QueryThreadList(other.child->Pid()) && list.FindThread(other.burning) == nullptr; }, 10000));
-    // The ended thread fails every action.
-    EXPECT_FALSE(kestrel::PRM_SuspendThread(other.burning));
-    EXPECT_FALSE(kestrel::PRM_TerminateThread(other.burning));
-}
-
 TEST(ThreadActions, TheCallingThreadIsRefusedAndAProcessThatIsNotRunningHasNoThreads) {
     EXPECT_FALSE(kestrel::PRM_SuspendThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_TerminateThread(GetCurrentThreadId()));

@@ -36,21 +36,10 @@ struct Row {
     std::wstring name;
 };
 
-std::wstring CellText(HWND list, int row, int column) {
-    wchar_t text[512] = {};
-    ListView_GetItemText(list, row, column, text, 512);
-    return text;
-}
-
 std::vector<Row> ReadRows(HWND list, int nameColumn) {
     std::vector<Row> rows;
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        LVITEMW item{};
-        item.mask = LVIF_PARAM;
-        item.iItem = row;
-        ListView_GetItem(list, &item);
-        rows.push_back({static_cast<unsigned>(item.lParam), CellText(list, row, 0), CellText(list, row, nameColumn)});
-    }
+    for (int row = 0; row < ListView_GetItemCount(list); ++row)
+        rows.push_back({lmvx_test::PidOfRow(list, row), lmvx_test::CellText(list, row, 0), lmvx_test::CellText(list, row, nameColumn)});
     return rows;
 }
 
@@ -62,10 +51,7 @@ const Row* FindRow(const std::vector<Row>& rows, unsigned long long value) {
 }
 
 void SelectRow(HWND list, unsigned value) {
-    LVFINDINFOW find{};
-    find.flags = LVFI_PARAM;
-    find.lParam = static_cast<LPARAM>(value);
-    const int row = ListView_FindItem(list, -1, &find);
+    const int row = lmvx_test::RowOfPid(list, value);
     ListView_SetSelectionMark(list, row);
     ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
@@ -237,7 +223,7 @@ TEST_F(KernelObjectsTest, TheFilesPageListsExactlyTheFilesAndClosesOneForReal) {
     EXPECT_TRUE(PumpUntil([&] { return FindRow(ReadRows(host.List(), 0), closed) == nullptr; }, kLimitMs));
 }
 
-TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOnlyOnYes) {
+TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOnlyOnYesAndOnlyTheSelectedHandle) {
     PageHost host(IDD_PAGE_HANDLES, lmvx::kobj::HandlesPageProc, child.Pid());
     ASSERT_NE(host.page, nullptr);
     std::vector<Row> rows = ReadRows(host.List(), 1);
@@ -268,22 +254,15 @@ TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOn
     EXPECT_TRUE(caption.ends_with(L"lmvx_test_event_" + std::to_wstring(child.Pid()))) << caption;
     EXPECT_EQ(type, L"Event");
 
-    // "No" leaves the handle open; "Yes" closes it in the child.
+    // "No" leaves the handle open.
     SelectRow(host.List(), static_cast<unsigned>(child.Value(L"file")));
     CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDNO);
     EXPECT_FALSE(child.FileHandleClosed());
-    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDYES);
-    EXPECT_TRUE(PollUntil([&] { return child.FileHandleClosed(); }));
-}
 
-// The handle goes in the child after the page read it, and nothing in the idle child takes its value again.
-// Yes to the question then closes nothing else in the child, and the row goes at the next refresh. (Windows
-// refuses the close and the page says so; Wine reports success for a value the process no longer holds.)
-TEST_F(KernelObjectsTest, AHandleThatWentAfterTheListWasReadClosesNothingElseAndLeavesTheList) {
-    PageHost host(IDD_PAGE_HANDLES, lmvx::kobj::HandlesPageProc, child.Pid());
-    ASSERT_NE(host.page, nullptr);
+    // The event goes in the child after the page read it, and nothing in the idle child takes its value again.
+    // Yes to the question then closes nothing else in the child, and the row goes at the next refresh. (Windows
+    // refuses the close and the page says so; Wine reports success for a value the process no longer holds.)
     const auto event = static_cast<unsigned>(child.Value(L"event"));
-    ASSERT_NE(FindRow(ReadRows(host.List(), 1), event), nullptr);
     HANDLE process = OpenProcess(PROCESS_DUP_HANDLE, FALSE, child.Pid());
     const HANDLE remote = reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(event));
     HANDLE local = nullptr;
@@ -294,10 +273,9 @@ TEST_F(KernelObjectsTest, AHandleThatWentAfterTheListWasReadClosesNothingElseAnd
     if (stillThere) CloseHandle(local);
     CloseHandle(process);
     ASSERT_FALSE(stillThere) << "the child reused the value";
-
     SelectRow(host.List(), event);
     std::atomic<bool> answered{false};
-    std::thread watcher([&] {
+    std::thread closer([&] {
         if (HWND question = WaitForDialog(L"Close Remote Handle")) PostMessageW(question, WM_COMMAND, IDYES, 0);
         HWND failure = nullptr;
         PollUntil([&] {
@@ -308,10 +286,15 @@ TEST_F(KernelObjectsTest, AHandleThatWentAfterTheListWasReadClosesNothingElseAnd
     });
     SendMessageW(host.page, WM_COMMAND, IDM_HANDLE_CLOSE_PAGE, 0);
     answered = true;
-    watcher.join();
+    closer.join();
     EXPECT_FALSE(child.FileHandleClosed());
     EXPECT_TRUE(PumpUntil([&] { return FindRow(ReadRows(host.List(), 1), event) == nullptr; }, kLimitMs));
     EXPECT_NE(FindRow(ReadRows(host.List(), 1), child.Value(L"file")), nullptr);
+
+    // "Yes" closes the file in the child.
+    SelectRow(host.List(), static_cast<unsigned>(child.Value(L"file")));
+    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDYES);
+    EXPECT_TRUE(PollUntil([&] { return child.FileHandleClosed(); }));
 }
 
 }  // namespace

@@ -188,12 +188,8 @@ void RunSearch(HWND search, ScanHold& hold, const wchar_t* findText, bool cancel
 
 std::vector<std::pair<std::wstring, std::wstring>> ResultRows(HWND list) {
     std::vector<std::pair<std::wstring, std::wstring>> rows;
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        wchar_t address[64] = {}, text[256] = {};
-        ListView_GetItemText(list, row, 0, address, 64);
-        ListView_GetItemText(list, row, 1, text, 256);
-        rows.emplace_back(address, text);
-    }
+    for (int row = 0; row < ListView_GetItemCount(list); ++row)
+        rows.emplace_back(lmvx_test::CellText(list, row, 0), lmvx_test::CellText(list, row, 1));
     return rows;
 }
 

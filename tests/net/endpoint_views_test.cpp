@@ -14,6 +14,7 @@
 #include "net/network_page.h"
 #include "pane_test_environment.h"
 #include "resource.h"
+#include "test_host.h"
 #include "window_texts.h"
 #include "wren.h"
 
@@ -56,16 +57,12 @@ private:
     lmvx_test::ChildProcess child_;
 };
 
-std::wstring Cell(HWND list, int row, int column) {
-    wchar_t text[256] = {};
-    ListView_GetItemText(list, row, column, text, 256);
-    return text;
-}
+using lmvx_test::CellText;
 
 // The row whose Local Host column is local; -1 when none.
 int RowOf(HWND list, const std::wstring& local) {
     for (int row = 0; row < ListView_GetItemCount(list); ++row) {
-        if (Cell(list, row, 1) == local) return row;
+        if (CellText(list, row, 1) == local) return row;
     }
     return -1;
 }
@@ -73,9 +70,9 @@ int RowOf(HWND list, const std::wstring& local) {
 void ExpectRow(HWND list, const std::wstring& local, const wchar_t* type, const std::wstring& remote, const wchar_t* status) {
     const int row = RowOf(list, local);
     ASSERT_GE(row, 0) << "no row for " << testing::PrintToString(local);
-    EXPECT_EQ(Cell(list, row, 0), type);
-    EXPECT_EQ(Cell(list, row, 2), remote);
-    EXPECT_EQ(Cell(list, row, 3), status);
+    EXPECT_EQ(CellText(list, row, 0), type);
+    EXPECT_EQ(CellText(list, row, 2), remote);
+    EXPECT_EQ(CellText(list, row, 3), status);
 }
 
 // The child's three sockets, as both views show them with numeric addresses.

@@ -24,6 +24,7 @@
 #include "props/process_info_pages.h"
 #include "props/properties_context.h"
 #include "resource.h"
+#include "test_host.h"
 
 namespace {
 
@@ -35,22 +36,12 @@ std::wstring Text(HWND page, int id) {
     return text;
 }
 
-std::wstring Cell(HWND list, int row, int column) {
-    wchar_t text[1024] = {};
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text;
-    item.cchTextMax = 1024;
-    SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return text;
-}
-
 using Rows = std::vector<std::pair<std::wstring, std::wstring>>;
 
 Rows ListRows(HWND list) {
     Rows rows;
     const int count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
-    for (int row = 0; row < count; ++row) rows.emplace_back(Cell(list, row, 0), Cell(list, row, 1));
+    for (int row = 0; row < count; ++row) rows.emplace_back(lmvx_test::CellText(list, row, 0), lmvx_test::CellText(list, row, 1));
     return rows;
 }
 
@@ -206,16 +197,14 @@ struct OwnToken {
 OwnToken ReadOwnToken() {
     OwnToken own;
     HANDLE token = nullptr;
-    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) return own;
     BYTE buffer[8192];
     DWORD length = 0;
-    if (GetTokenInformation(token, TokenUser, buffer, sizeof buffer, &length)) {
-        wchar_t* text = nullptr;
-        if (ConvertSidToStringSidW(reinterpret_cast<TOKEN_USER*>(buffer)->User.Sid, &text)) {
-            own.sid = text;
-            LocalFree(text);
-        }
-    }
+    wchar_t* sid = nullptr;
+    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) return own;
+    if (GetTokenInformation(token, TokenUser, buffer, sizeof buffer, &length) &&
+        ConvertSidToStringSidW(reinterpret_cast<TOKEN_USER*>(buffer)->User.Sid, &sid))
+        own.sid = sid;
+    LocalFree(sid);
     if (GetTokenInformation(token, TokenGroups, buffer, sizeof buffer, &length))
         own.groups = reinterpret_cast<TOKEN_GROUPS*>(buffer)->GroupCount;
     if (GetTokenInformation(token, TokenPrivileges, buffer, sizeof buffer, &length))

@@ -13,6 +13,7 @@
 #include "props/modules_page.h"
 #include "props_window_environment.h"
 #include "resource.h"
+#include "test_host.h"
 #include "window_texts.h"
 
 namespace {
@@ -20,7 +21,7 @@ namespace {
 using lmvx_test::PumpUntil;
 using lmvx_test::ClipboardText;
 using lmvx_test::WindowText;
-using props_test::CellText;
+using lmvx_test::CellText;
 using props_test::FindRowWithText;
 
 // The loader fills the cells of a row from left to right: the size, last, tells that the row is complete.
@@ -50,18 +51,11 @@ TEST_F(ModulesPage, ListsTheChildsModulesInLoadOrderWithTheirVersionDataAndCopie
     EXPECT_EQ(CellText(list, row, 0), WindowText(GetDlgItem(host.Page(), IDC_MODULES_DESCRIPTION)));
     EXPECT_EQ(CellText(list, row, 1), WindowText(GetDlgItem(host.Page(), IDC_MODULES_COMPANY)));
 
-    const struct {
-        unsigned command;
-        int column;   // of the selected row, which the copied field shows
-    } copies[] = {{IDM_MODULE_COPY_DESCRIPTION, 0}, {IDM_MODULE_COPY_PATHNAME, 3}};
-    for (const auto& copy : copies) {
-        SCOPED_TRACE(copy.command);
-        if (OpenClipboard(nullptr)) {
-            EmptyClipboard();
-            CloseClipboard();
-        }
-        SendMessageW(host.Page(), WM_COMMAND, copy.command, 0);
-        EXPECT_EQ(CellText(list, row, copy.column), ClipboardText());
+    // Each copy command puts the selected row's field on the clipboard.
+    for (const auto& [command, column] : {std::pair{IDM_MODULE_COPY_DESCRIPTION, 0}, std::pair{IDM_MODULE_COPY_PATHNAME, 3}}) {
+        if (OpenClipboard(nullptr)) EmptyClipboard(), CloseClipboard();
+        SendMessageW(host.Page(), WM_COMMAND, command, 0);
+        EXPECT_EQ(CellText(list, row, column), ClipboardText()) << command;
     }
     DWORD start = 0, end = 0;
     SendDlgItemMessageW(host.Page(), IDC_MODULES_PATH, EM_GETSEL, reinterpret_cast<WPARAM>(&start),

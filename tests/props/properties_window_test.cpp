@@ -13,7 +13,6 @@
 #include "child_process.h"
 #include "hosted_main_window.h"
 #include "mainwnd/main_window_state.h"
-#include "properties_window_driver.h"
 #include "resource.h"
 #include "window_texts.h"
 
@@ -21,9 +20,52 @@ namespace {
 
 using lmvx_test::ChildProcess;
 using lmvx_test::PumpUntil;
-using props_test::PropertiesFramesOf;
 
 constexpr DWORD kLimitMs = 20000;
+
+// The open properties windows of this test program for pid (their captions end in "(Process <pid>)").
+std::vector<HWND> PropertiesFramesOf(unsigned pid) {
+    std::vector<HWND> found;
+    const std::wstring suffix = L"(Process " + std::to_wstring(pid) + L")";
+    for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT)) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == GetCurrentProcessId() && lmvx_test::WindowText(window).ends_with(suffix)) found.push_back(window);
+    }
+    return found;
+}
+
+struct TreeItemSeen {
+    std::wstring text;
+    HWND page = nullptr;   // item data: the page window, null for the root
+    HTREEITEM item = nullptr;
+};
+
+// The root item, then its children in order.
+std::vector<TreeItemSeen> ReadPageTree(HWND tree) {
+    std::vector<TreeItemSeen> items;
+    const HTREEITEM root = TreeView_GetRoot(tree);
+    for (HTREEITEM item = root; item; item = item == root ? TreeView_GetChild(tree, root) : TreeView_GetNextSibling(tree, item)) {
+        wchar_t text[256] = {};
+        TVITEMW data{TVIF_TEXT | TVIF_PARAM | TVIF_HANDLE, item};
+        data.pszText = text;
+        data.cchTextMax = 256;
+        TreeView_GetItem(tree, &data);
+        items.push_back({text, reinterpret_cast<HWND>(data.lParam), item});
+    }
+    return items;
+}
+
+// The pages of the frame that are visible now.
+std::vector<HWND> VisiblePages(HWND frame) {
+    std::vector<HWND> visible;
+    for (HWND child = GetWindow(frame, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        wchar_t className[32] = {};
+        GetClassNameW(child, className, 32);
+        if (std::wstring(className) == L"#32770" && IsWindowVisible(child)) visible.push_back(child);
+    }
+    return visible;
+}
 
 class PropertiesWindowTest : public ::testing::Test {
 protected:
@@ -64,7 +106,7 @@ std::unique_ptr<mainwnd_test::ScopedHostedProgram> PropertiesWindowTest::program
 
 std::vector<std::wstring> PageLabels(HWND frame) {
     std::vector<std::wstring> labels;
-    const auto items = props_test::ReadPageTree(GetDlgItem(frame, IDC_PROPERTIES_TREE));
+    const auto items = ReadPageTree(GetDlgItem(frame, IDC_PROPERTIES_TREE));
     for (size_t i = 1; i < items.size(); ++i) labels.push_back(items[i].text);
     return labels;
 }
@@ -83,32 +125,40 @@ bool RefuseQueryInformation(HANDLE process) {
     return refused;
 }
 
-TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessShowsOnlyTheSelectedOneAndTellsTheExitCode) {
+TEST_F(PropertiesWindowTest, ListsThePagesShowsOnlyTheSelectedOneTellsTheExitCodeAndEndsWithTheMainWindow) {
     HWND frame = OpenProperties();
     ASSERT_NE(frame, nullptr);
     EXPECT_TRUE(PumpUntil([&] { return IsWindowEnabled(main_->Get()) != FALSE; }, kLimitMs));
-    EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 1; }, kLimitMs));
     EXPECT_NE(lmvx_test::WindowText(frame).find(L"lmvx_test_child.exe"), std::wstring::npos);
 
     EXPECT_EQ(PageLabels(frame), (std::vector<std::wstring>{L"General", L"Start", L"Performance", L"Memory",
                                                             L"Virtual Memory", L"Handles", L"Files", L"Network",
                                                             L"Modules", L"Strings", L"Threads", L"Token"}));
     HWND tree = GetDlgItem(frame, IDC_PROPERTIES_TREE);
-    const auto items = props_test::ReadPageTree(tree);
+    const auto items = ReadPageTree(tree);
     ASSERT_FALSE(items.empty());
     EXPECT_EQ(items[0].text, L"lmvx_test_child.exe");
     EXPECT_EQ(items[0].page, nullptr);
     for (size_t i = 1; i < items.size(); ++i) {
         EXPECT_EQ(GetParent(items[i].page), frame);
         TreeView_SelectItem(tree, items[i].item);
-        const auto visible = props_test::VisiblePages(frame);
+        const auto visible = VisiblePages(frame);
         ASSERT_EQ(visible.size(), 1u) << "item " << i;
         EXPECT_EQ(visible[0], items[i].page);
     }
     if (items.size() > 1) {
         TreeView_SelectItem(tree, items[0].item);   // the root holds no page: the last one stays
-        EXPECT_EQ(props_test::VisiblePages(frame), std::vector<HWND>{items.back().page});
+        EXPECT_EQ(VisiblePages(frame), std::vector<HWND>{items.back().page});
     }
+
+    // Two more windows, for the same process; the main window keeps all three.
+    std::vector<HANDLE> threads{OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(frame, nullptr))};
+    for (int i = 0; i < 2; ++i) {
+        HWND another = OpenProperties();
+        ASSERT_NE(another, nullptr);
+        threads.push_back(OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(another, nullptr)));
+    }
+    EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 3; }, kLimitMs));
 
     // Once the process has ended the window tells its exit code.
     HWND notice = GetDlgItem(frame, IDC_PROPERTIES_EXIT_TEXT);
@@ -117,6 +167,14 @@ TEST_F(PropertiesWindowTest, ListsThePagesUnderTheProcessShowsOnlyTheSelectedOne
     ASSERT_TRUE(PumpUntil([&] { return IsWindowVisible(notice) != FALSE; }, kLimitMs));
     EXPECT_EQ(lmvx_test::WindowText(notice), L"The process has exited with code -1073741819 (0xC0000005).");
     EXPECT_TRUE(IsWindowVisible(GetDlgItem(frame, IDC_PROPERTIES_EXIT_ICON)));
+
+    // Every window and its thread end with the main window.
+    main_.reset();
+    EXPECT_TRUE(PumpUntil([&] { return PropertiesFramesOf(child_.Pid()).empty(); }, kLimitMs));
+    for (HANDLE thread : threads) {
+        EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }, kLimitMs));
+        CloseHandle(thread);
+    }
 }
 
 TEST_F(PropertiesWindowTest, LeavesOutThePagesThatNeedQueryAccessWhenTheProcessRefusesIt) {
@@ -131,22 +189,6 @@ TEST_F(PropertiesWindowTest, LeavesOutThePagesThatNeedQueryAccessWhenTheProcessR
     std::vector<std::wstring> expected{L"General", L"Start", L"Performance", L"Memory", L"Network", L"Threads"};
     if (modules) expected.insert(expected.end() - 1, L"Modules");
     EXPECT_EQ(PageLabels(frame), expected);
-}
-
-TEST_F(PropertiesWindowTest, EndsEveryOpenWindowAndItsThreadWithTheMainWindow) {
-    std::vector<HANDLE> threads;
-    for (int i = 0; i < 3; ++i) {   // two of them for the same process
-        HWND frame = OpenProperties();
-        ASSERT_NE(frame, nullptr);
-        threads.push_back(OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(frame, nullptr)));
-    }
-    EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 3; }, kLimitMs));
-    main_.reset();
-    EXPECT_TRUE(PropertiesFramesOf(child_.Pid()).empty());
-    for (HANDLE thread : threads) {
-        EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }, kLimitMs));
-        CloseHandle(thread);
-    }
 }
 
 }  // namespace

@@ -32,16 +32,11 @@ private:
     HWND page_ = nullptr;
 };
 
-std::wstring CellText(HWND list, int row, int column);
 // The first row whose cell in the column contains the text; -1 when there is none.
 int FindRowWithText(HWND list, int column, const std::wstring& part);
-// The row whose item data is the value; -1 when there is none.
-int FindRowWithData(HWND list, LPARAM data);
 // Selects the row and puts the selection mark on it, as a click does.
 void SelectRow(HWND list, int row);
 // Tells the list's parent of a click (NM_CLICK, NM_RCLICK, NM_DBLCLK) on the list.
 void Notify(HWND list, UINT code);
-// A visible top-level window of this process with the caption; null when there is none.
-HWND FindOwnWindow(const std::wstring& caption);
 
 }  // namespace props_test

@@ -18,6 +18,7 @@
 #include "props/threads_page.h"
 #include "props_window_environment.h"
 #include "resource.h"
+#include "test_host.h"
 #include "window_texts.h"
 
 namespace {
@@ -25,7 +26,7 @@ namespace {
 using lmvx_test::KnownThreads;
 using lmvx_test::PumpUntil;
 using lmvx_test::WindowText;
-using props_test::CellText;
+using lmvx_test::CellText;
 using props_test::FindRowWithText;
 using props_test::HostedPage;
 
@@ -43,7 +44,7 @@ protected:
 
     static HWND ThreadList(HWND page) { return GetDlgItem(page, IDC_THREADS_LIST); }
     static HWND Pane(HWND page, int id) { return GetDlgItem(page, id); }
-    static int RowOf(HWND page, DWORD threadId) { return props_test::FindRowWithData(ThreadList(page), threadId); }
+    static int RowOf(HWND page, DWORD threadId) { return lmvx_test::RowOfPid(ThreadList(page), threadId); }
     // Waits for the thread's row and selects it; false when it never came.
     static bool SelectThread(HWND page, DWORD threadId) {
         const std::wstring id = std::to_wstring(threadId);
@@ -77,14 +78,12 @@ KnownThreads* ThreadsPageTest::child_ = nullptr;
 // closes it.
 std::vector<std::wstring> ReadCallStackDialog(DWORD threadId) {
     std::vector<std::wstring> rows;
-    const std::wstring caption = L"Call Stack for Thread " + std::to_wstring(threadId);
-    HWND dialog = nullptr;
-    for (int i = 0; i < 3000 && !dialog; ++i, Sleep(10)) dialog = props_test::FindOwnWindow(caption);
-    if (!dialog) return rows;
-    HWND list = GetDlgItem(dialog, IDC_CALL_STACK_LIST);
-    for (int i = 0; i < 3000 && ListView_GetItemCount(list) == 0; ++i) Sleep(10);
-    for (int row = 0; row < ListView_GetItemCount(list); ++row) rows.push_back(CellText(list, row, 0));
-    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    lmvx_test::WaitForOwnWindow(L"Call Stack for Thread " + std::to_wstring(threadId), 30000, [&](HWND dialog) {
+        HWND list = GetDlgItem(dialog, IDC_CALL_STACK_LIST);
+        for (int i = 0; i < 3000 && ListView_GetItemCount(list) == 0; ++i) Sleep(10);
+        for (int row = 0; row < ListView_GetItemCount(list); ++row) rows.push_back(CellText(list, row, 0));
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
     return rows;
 }
 
@@ -151,10 +150,6 @@ struct Worker {
 // Reads the pop-up menu that the page shows and closes it unchosen: the page owns the menu, so it is told when
 // the menu opens and when the menu waits for input.
 struct PopupMenuReader {
-    struct Item {
-        std::wstring text;
-        bool grayed;
-    };
     explicit PopupMenuReader(HWND page) : page(page) {
         reader = this;
         previous = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc)));
@@ -162,12 +157,9 @@ struct PopupMenuReader {
     ~PopupMenuReader() { SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous)); }
     static LRESULT CALLBACK Proc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_INITMENUPOPUP) {
-            const auto menu = reinterpret_cast<HMENU>(wParam);
-            for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-                wchar_t text[256] = {};
-                GetMenuStringW(menu, i, text, 256, MF_BYPOSITION);
-                reader->ids.push_back(GetMenuItemID(menu, i));
-                reader->items[GetMenuItemID(menu, i)] = {text, (GetMenuState(menu, i, MF_BYPOSITION) & MF_GRAYED) != 0};
+            for (const lmvx_test::SeenItem& item : lmvx_test::ReadMenu(reinterpret_cast<HMENU>(wParam))) {
+                reader->ids.push_back(item.id);
+                reader->items[item.id] = item;
             }
         }
         if (message == WM_ENTERIDLE && wParam == MSGF_MENU) EndMenu();
@@ -177,7 +169,7 @@ struct PopupMenuReader {
     HWND page;
     WNDPROC previous = nullptr;
     std::vector<UINT> ids;   // in menu order, 0 for a separator
-    std::map<UINT, Item> items;
+    std::map<UINT, lmvx_test::SeenItem> items;
 };
 
 enum class Target { Running, Suspended, Ended, PagesOwnThread, InAProcessThatCannotBeOpened };

@@ -1,0 +1,247 @@
+// The network library's pure logic: table rows to endpoints (byte orders, addresses, ports), endpoint ids,
+// protocol codes and state texts, host name fields.
+#include <winsock2.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "byte_order.h"
+#include "endpoint_id.h"
+#include "hostname_text.h"
+#include "protocol_rules.h"
+#include "table_rows.h"
+
+namespace heron {
+namespace {
+
+// A table's IPv4 value from its bytes in memory order.
+DWORD IPv4TableValue(std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3) {
+    const std::uint8_t bytes[4] = {b0, b1, b2, b3};
+    DWORD value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+
+auto Fields(const Endpoint& e) {
+    return std::tie(e.protocol, e.processId, e.localAddress, e.remoteAddress, e.localScopeId, e.remoteScopeId,
+                    e.localPort, e.remotePort, e.state, e.creationTime);
+}
+
+// Every field of the endpoint, each row kind with fields that tell the members apart.
+TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWhatItHas) {
+    // Whatever the system leaves in the upper two bytes of a port is not part of it.
+    MIB_TCPROW_OWNER_MODULE tcp{MIB_TCP_STATE_ESTAB, IPv4TableValue(127, 0, 0, 1), htons(50000) | 0xABCD0000u,
+                                IPv4TableValue(93, 184, 216, 34), htons(443) | 0x12340000u, 1234, {}, {}};
+    tcp.liCreateTimestamp.QuadPart = 132000000000000000ll;
+    EXPECT_EQ(Fields(EndpointFromRow(tcp)),
+              Fields(Endpoint{.protocol = MakeProtocolCode(false, false), .processId = 1234, .localAddress = {127, 0, 0, 1},
+                              .remoteAddress = {93, 184, 216, 34}, .localPort = 50000, .remotePort = 443,
+                              .state = MIB_TCP_STATE_ESTAB, .creationTime = 132000000000000000ull}));
+    const MIB_TCPROW_OWNER_PID noTime{MIB_TCP_STATE_LISTEN, 0, htons(8080), 0, 0, 77};
+    EXPECT_EQ(Fields(EndpointFromRow(noTime)),
+              Fields(Endpoint{.processId = 77, .localPort = 8080, .state = MIB_TCP_STATE_LISTEN}));
+
+    MIB_TCP6ROW_OWNER_PID tcp6{{}, 4, htons(6000), {0xFE, 0x80}, 3, htons(6001), MIB_TCP_STATE_SYN_SENT, 5};
+    tcp6.ucLocalAddr[15] = 1;   // ::1
+    Endpoint expected{.protocol = MakeProtocolCode(false, true), .processId = 5, .remoteAddress = {0xFE, 0x80},
+                      .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000, .remotePort = 6001,
+                      .state = MIB_TCP_STATE_SYN_SENT};
+    expected.localAddress[15] = 1;
+    EXPECT_EQ(Fields(EndpointFromRow(tcp6)), Fields(expected));
+
+    const MIB_UDPROW_OWNER_PID udp{IPv4TableValue(10, 0, 0, 9), htons(53), 9};
+    EXPECT_EQ(Fields(EndpointFromRow(udp)), Fields(Endpoint{.protocol = MakeProtocolCode(true, false), .processId = 9,
+                                                            .localAddress = {10, 0, 0, 9}, .localPort = 53}));
+    MIB_UDP6ROW_OWNER_MODULE udp6{{}, 2, htons(5353), 0, {}, {}, {}};
+    udp6.ucLocalAddr[15] = 1;
+    udp6.liCreateTimestamp.QuadPart = 5;
+    expected = Endpoint{.protocol = MakeProtocolCode(true, true), .localScopeId = 2, .localPort = 5353, .creationTime = 5};
+    expected.localAddress[15] = 1;
+    EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(expected));
+}
+
+TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrder) {
+    struct {
+        DWORD dwNumEntries = 3;
+        MIB_TCPROW_OWNER_PID table[3] = {};
+    } rows;
+    const DWORD owners[] = {100, 200, 100}, ports[] = {1001, 2001, 1002};
+    for (int i = 0; i < 3; ++i) {
+        rows.table[i].dwOwningPid = owners[i];
+        rows.table[i].dwLocalPort = htons(static_cast<u_short>(ports[i]));
+    }
+    const auto portsOf = [](const std::vector<Endpoint>& endpoints) {
+        std::vector<std::uint32_t> seen;
+        for (const Endpoint& endpoint : endpoints) seen.push_back(endpoint.localPort);
+        return seen;
+    };
+    std::vector<Endpoint> endpoints;
+    AppendRowsOwnedBy(rows, 100, endpoints);
+    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002}));
+    AppendRowsOwnedBy(rows, 200, endpoints);   // appends, keeps what is there
+    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002, 2001}));
+    AppendRowsOwnedBy(rows, 300, endpoints);
+    EXPECT_EQ(endpoints.size(), 3u);
+}
+
+// Packed IPv4 values are the system's in_addr; an address is unspecified only when every byte is zero.
+TEST(ByteOrder, PackedIPv4IsTheSystemsInAddrAndUnspecifiedMeansAllZero) {
+    in_addr system{};
+    system.S_un.S_un_b = {10, 20, 30, 40};
+    const auto address = IPv4FromTableValue(system.S_un.S_addr);
+    EXPECT_EQ((std::array<std::uint8_t, 16>{10, 20, 30, 40}), address);
+    EXPECT_EQ(system.S_un.S_addr, PackIPv4(address));
+    const std::array<std::uint8_t, 16> zero{};
+    EXPECT_TRUE(IsUnspecifiedAddress(zero));
+    for (std::size_t i = 0; i < zero.size(); ++i) {
+        auto changed = zero;
+        changed[i] = 1;
+        EXPECT_FALSE(IsUnspecifiedAddress(changed)) << "byte " << i;
+    }
+}
+
+TEST(TcpStateText, NamesEveryStateOfTheSystemTablesAndNothingElse) {
+    const wchar_t* expected[] = {L"",         L"CLOSED",    L"LISTEN",   L"SYN-SENT",  L"SYN-RCVD",
+                                 L"ESTABLISHED", L"FIN-WAIT1", L"FIN-WAIT2", L"CLOSE-WAIT", L"CLOSING",
+                                 L"LAST-ACK", L"TIME-WAIT", L"DELETE-TCB", L""};
+    for (unsigned state = 0; state < std::size(expected); ++state)
+        EXPECT_EQ(std::wstring(expected[state]), TcpStateText(state)) << "state " << state;
+    EXPECT_EQ(std::wstring(), TcpStateText(0xFFFFFFFFu));
+}
+
+TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
+    const struct {
+        bool udp, ipv6;
+        int code;
+        const wchar_t* text;
+    } cases[] = {{false, false, 0, L"TCP"}, {false, true, 1, L"TCPv6"}, {true, false, 16, L"UDP"}, {true, true, 17, L"UDPv6"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.code, MakeProtocolCode(c.udp, c.ipv6));
+        EXPECT_EQ(c.ipv6, IsIPv6Protocol(c.code)) << c.code;
+        EXPECT_EQ(c.udp, IsUdpProtocol(c.code)) << c.code;
+        EXPECT_EQ(std::wstring(c.text), ProtocolText(c.code));
+    }
+    EXPECT_EQ(std::wstring(), ProtocolText(2));
+    EXPECT_EQ(std::wstring(), ProtocolText(-1));
+}
+
+TEST(CopyHostname, CopiesWhatFitsTerminatedAndClearsForAnEmptyName) {
+    wchar_t field[6];
+    std::fill(std::begin(field), std::end(field), L'#');
+    CopyHostname(field, std::size(field), L"host");
+    EXPECT_EQ(std::wstring(L"host"), field);
+    CopyHostname(field, std::size(field), L"abcdefghij");
+    EXPECT_EQ(std::wstring(L"abcde"), field);
+    CopyHostname(field, std::size(field), L"");
+    EXPECT_EQ(std::wstring(), field);
+}
+
+Endpoint SampleEndpoint() {
+    return {.protocol = 0, .processId = 4321, .localAddress = {127, 0, 0, 1}, .remoteAddress = {10, 1, 2, 3},
+            .localPort = 50123, .remotePort = 443, .state = 5};
+}
+
+// The same endpoint has the same non-zero id; every identifying field changes it, state and creation time do not.
+TEST(ComputeGenericID, EveryIdentifyingFieldAndNothingElseChangesTheId) {
+    const std::uint32_t original = ComputeGenericID(SampleEndpoint());
+    EXPECT_NE(0u, original);
+    const std::pair<const char*, std::function<void(Endpoint&)>> changes[] = {
+        {"protocol", [](Endpoint& e) { e.protocol = 16; }},
+        {"process", [](Endpoint& e) { e.processId += 4; }},
+        {"local address", [](Endpoint& e) { e.localAddress[3] = 2; }},
+        {"local address, IPv6 part", [](Endpoint& e) { e.localAddress[15] = 1; }},
+        {"local port", [](Endpoint& e) { e.localPort += 1; }},
+        {"remote address", [](Endpoint& e) { e.remoteAddress[0] = 11; }},
+        {"remote port", [](Endpoint& e) { e.remotePort += 1; }},
+        {"local and remote swapped", [](Endpoint& e) {
+             std::swap(e.localAddress, e.remoteAddress);
+             std::swap(e.localPort, e.remotePort);
+         }},
+    };
+    for (const auto& [what, change] : changes) {
+        Endpoint endpoint = SampleEndpoint();
+        change(endpoint);
+        EXPECT_NE(original, ComputeGenericID(endpoint)) << what;
+    }
+    Endpoint endpoint = SampleEndpoint();
+    endpoint.state = 8;
+    endpoint.creationTime = 133000000000000000ull;
+    EXPECT_EQ(original, ComputeGenericID(endpoint));
+}
+
+TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctIds) {
+    std::vector<Endpoint> endpoints;
+    for (std::uint32_t port = 1000; port < 1010; ++port) {
+        Endpoint endpoint = SampleEndpoint();
+        endpoint.localPort = port;
+        endpoints.push_back(endpoint);
+    }
+    const auto ids = AssignGenericIDs(endpoints);
+    ASSERT_EQ(endpoints.size(), ids.size());
+    for (std::size_t i = 0; i < endpoints.size(); ++i) EXPECT_EQ(ComputeGenericID(endpoints[i]), ids[i]);
+
+    // Duplicate rows get distinct non-zero ids; the first keeps the plain hash, so an endpoint's id does not
+    // move when a duplicate appears.
+    const auto duplicates = AssignGenericIDs(std::vector<Endpoint>(3, SampleEndpoint()));
+    const std::set<std::uint32_t> distinct(duplicates.begin(), duplicates.end());
+    EXPECT_EQ(3u, distinct.size());
+    EXPECT_EQ(0u, distinct.count(0));
+    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
+}
+
+// Two different endpoints whose hashes collide, found by a deterministic search over pseudo-random owners
+// and ports (a 32-bit hash has colliding pairs among a few hundred thousand inputs).
+std::optional<std::pair<Endpoint, Endpoint>> FindCollision() {
+    constexpr std::uint32_t kCandidates = 300000;
+    const auto candidate = [](std::uint32_t index) {
+        Endpoint endpoint = SampleEndpoint();
+        std::uint32_t state = index;
+        for (int round = 0; round < 3; ++round) state = state * 1664525u + 1013904223u;   // LCG steps
+        endpoint.processId = state;
+        endpoint.localPort = (state >> 7) & 0xFFFF;
+        endpoint.remotePort = index & 0xFFFF;
+        return endpoint;
+    };
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> hashes;   // hash, candidate index
+    hashes.reserve(kCandidates);
+    for (std::uint32_t index = 0; index < kCandidates; ++index) {
+        hashes.emplace_back(ComputeGenericID(candidate(index)), index);
+    }
+    std::sort(hashes.begin(), hashes.end());
+    for (std::size_t i = 1; i < hashes.size(); ++i) {
+        if (hashes[i].first == hashes[i - 1].first) {
+            return std::make_pair(candidate(hashes[i - 1].second), candidate(hashes[i].second));
+        }
+    }
+    return std::nullopt;
+}
+
+TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
+    const auto collision = FindCollision();
+    ASSERT_TRUE(collision.has_value()) << "no colliding pair in the search range";
+    const auto& [first, second] = *collision;
+    ASSERT_EQ(ComputeGenericID(first), ComputeGenericID(second));
+
+    const auto forward = AssignGenericIDs({first, second});
+    const auto backward = AssignGenericIDs({second, first});
+    EXPECT_NE(forward[0], forward[1]);
+    EXPECT_EQ(forward[0], backward[1]);
+    EXPECT_EQ(forward[1], backward[0]);
+    // One of the two keeps the hash; the other gets the next value.
+    const std::set<std::uint32_t> ids(forward.begin(), forward.end());
+    EXPECT_EQ(1u, ids.count(ComputeGenericID(first)));
+    EXPECT_EQ(1u, ids.count(ComputeGenericID(first) + 1 == 0 ? 1 : ComputeGenericID(first) + 1));
+}
+
+}  // namespace
+}  // namespace heron
