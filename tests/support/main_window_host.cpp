@@ -46,10 +46,16 @@ HWND HostedMainWindow::List() const { return GetDlgItem(window_, IDC_PROCESS_LIS
 
 bool HostedMainWindow::SelectProcess(unsigned pid, DWORD limitMs) {
     HWND list = List();
-    if (!PumpUntil([&] { return RowOfPid(list, pid) >= 0; }, limitMs)) return false;
-    ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
-    ListView_SetItemState(list, RowOfPid(list, pid), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    return true;
+    // The refresh thread may move the rows between finding the process's row and selecting it: selected
+    // again until the selected row is the process's.
+    return PumpUntil([&] {
+        const int row = RowOfPid(list, pid);
+        if (row < 0) return false;
+        ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+        ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        const int selected = ListView_GetNextItem(list, -1, LVNI_SELECTED);
+        return selected >= 0 && PidOfRow(list, selected) == pid;
+    }, limitMs);
 }
 
 std::vector<SeenItem> RightClickMenu(HWND mainWindow, HWND list) {
