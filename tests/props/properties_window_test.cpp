@@ -7,6 +7,7 @@
 #include <sddl.h>
 #include <tlhelp32.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "app/lmvx.h"
@@ -39,6 +40,7 @@ struct TreeItemSeen {
     std::wstring text;
     HWND page = nullptr;   // item data: the page window, null for the root
     HTREEITEM item = nullptr;
+    int image = -1;
 };
 
 // The root item, then its children in order.
@@ -47,11 +49,11 @@ std::vector<TreeItemSeen> ReadPageTree(HWND tree) {
     const HTREEITEM root = TreeView_GetRoot(tree);
     for (HTREEITEM item = root; item; item = item == root ? TreeView_GetChild(tree, root) : TreeView_GetNextSibling(tree, item)) {
         wchar_t text[256] = {};
-        TVITEMW data{TVIF_TEXT | TVIF_PARAM | TVIF_HANDLE, item};
+        TVITEMW data{TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_HANDLE, item};
         data.pszText = text;
         data.cchTextMax = 256;
         TreeView_GetItem(tree, &data);
-        items.push_back({text, reinterpret_cast<HWND>(data.lParam), item});
+        items.push_back({text, reinterpret_cast<HWND>(data.lParam), item, data.iImage});
     }
     return items;
 }
@@ -80,13 +82,16 @@ protected:
 
     // Sends the properties command as the menus do and waits for one more window for the child.
     HWND OpenProperties() {
-        const size_t before = PropertiesFramesOf(child_.Pid()).size();
+        const std::vector<HWND> before = PropertiesFramesOf(child_.Pid());
         SendMessageW(main_->Get(), WM_COMMAND, IDM_PROPERTIES, 0);
-        std::vector<HWND> frames;
-        if (!PumpUntil([&] { return (frames = PropertiesFramesOf(child_.Pid())).size() > before; }, kLimitMs)) {
-            return nullptr;
-        }
-        HWND frame = frames.back();
+        HWND frame = nullptr;
+        PumpUntil([&] {
+            for (HWND seen : PropertiesFramesOf(child_.Pid())) {
+                if (std::find(before.begin(), before.end(), seen) == before.end()) frame = seen;
+            }
+            return frame != nullptr;
+        }, kLimitMs);
+        if (!frame) return nullptr;
         // Built completely once the timer runs: the tree is filled before it starts.
         PumpUntil([&] { return TreeView_GetCount(GetDlgItem(frame, IDC_PROPERTIES_TREE)) > 0; }, kLimitMs);
         return frame;
@@ -139,7 +144,16 @@ TEST_F(PropertiesWindowTest, ListsThePagesShowsOnlyTheSelectedOneTellsTheExitCod
     ASSERT_FALSE(items.empty());
     EXPECT_EQ(items[0].text, L"lmvx_test_child.exe");
     EXPECT_EQ(items[0].page, nullptr);
-    for (size_t i = 1; i < items.size(); ++i) {
+    // Image 0 the process's icon, then one per tree position; the Handles page has one per handle type.
+    EXPECT_EQ(ImageList_GetImageCount(TreeView_GetImageList(tree, TVSIL_NORMAL)), 13);
+    EXPECT_EQ(ImageList_GetBkColor(TreeView_GetImageList(tree, TVSIL_NORMAL)), RGB(255, 255, 255));
+    for (size_t i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(items[i].image, static_cast<int>(i)) << "item " << i;
+        if (i == 0) continue;
+        if (items[i].text == L"Handles") {
+            HWND list = GetDlgItem(items[i].page, IDC_HPAGE_LIST);
+            EXPECT_EQ(ImageList_GetImageCount(ListView_GetImageList(list, LVSIL_SMALL)), 11);
+        }
         EXPECT_EQ(GetParent(items[i].page), frame);
         TreeView_SelectItem(tree, items[i].item);
         const auto visible = VisiblePages(frame);
@@ -157,6 +171,10 @@ TEST_F(PropertiesWindowTest, ListsThePagesShowsOnlyTheSelectedOneTellsTheExitCod
         HWND another = OpenProperties();
         ASSERT_NE(another, nullptr);
         threads.push_back(OpenThread(SYNCHRONIZE, FALSE, GetWindowThreadProcessId(another, nullptr)));
+        // Each window owns its image list: one window's end leaves the others' pictures.
+        HIMAGELIST images = TreeView_GetImageList(GetDlgItem(another, IDC_PROPERTIES_TREE), TVSIL_NORMAL);
+        EXPECT_NE(images, TreeView_GetImageList(tree, TVSIL_NORMAL));
+        EXPECT_EQ(ImageList_GetImageCount(images), 13);
     }
     EXPECT_TRUE(PumpUntil([&] { return RegisteredWindows() == 3; }, kLimitMs));
 
