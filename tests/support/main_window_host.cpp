@@ -47,7 +47,8 @@ HWND HostedMainWindow::List() const { return GetDlgItem(window_, IDC_PROCESS_LIS
 bool HostedMainWindow::SelectProcess(unsigned pid, DWORD limitMs) {
     HWND list = List();
     if (!PumpUntil([&] { return RowOfPid(list, pid) >= 0; }, limitMs)) return false;
-    SelectRowOfPid(list, pid);
+    ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemState(list, RowOfPid(list, pid), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     return true;
 }
 

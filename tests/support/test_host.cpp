@@ -90,11 +90,9 @@ void TestMainWindow::AddRow(unsigned pid, const wchar_t* text) {
     ListView_InsertItem(list_, &item);
 }
 
-void TestMainWindow::SelectRow(unsigned pid) { SelectRowOfPid(list_, pid); }
-
-void SelectRowOfPid(HWND list, unsigned pid) {
-    ListView_SetItemState(list, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
-    ListView_SetItemState(list, RowOfPid(list, pid), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+void TestMainWindow::SelectRow(unsigned pid) {
+    ListView_SetItemState(list_, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_SetItemState(list_, RowOfPid(list_, pid), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 int RowOfPid(HWND list, unsigned pid) {

@@ -55,8 +55,6 @@ private:
 
 // Row helpers over a list view whose rows carry PIDs as item data.
 int RowOfPid(HWND list, unsigned pid);
-// Selects and focuses the row of the PID alone.
-void SelectRowOfPid(HWND list, unsigned pid);
 unsigned PidOfRow(HWND list, int row);
 std::vector<unsigned> PidsInRowOrder(HWND list);
 std::wstring CellText(HWND list, int row, int column);
