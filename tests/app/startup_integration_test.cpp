@@ -47,38 +47,26 @@ namespace fs = std::filesystem;
 
 // A fresh folder under this prefix's temp folder holding copies of the named files of this build.
 fs::path FolderWith(const wchar_t* name, std::initializer_list<const wchar_t*> files) {
-    wchar_t temp[MAX_PATH];
-    GetTempPathW(MAX_PATH, temp);
-    const fs::path folder = fs::path(temp) / name;
+    const fs::path folder = fs::temp_directory_path() / name;
     fs::remove_all(folder);
     fs::create_directories(folder);
     for (const wchar_t* file : files) fs::copy_file(fs::path(TestBinFolder()) / file, folder / file);
     return folder;
 }
 
-void ExpectMissingComponentExit(const fs::path& programFolder, const fs::path& workingFolder) {
+// Without kestrel64.dll beside it the program ends with the message and exit code 1157, also when the
+// current folder holds one: a component library is never taken from there.
+TEST(MissingComponent, EndsWithTheMessageAndExitCode1157AndIsNotTakenFromTheCurrentFolder) {
+    const fs::path program = FolderWith(L"lmvx-missing-kestrel", {L"lmvx64.exe", L"wren64.dll", L"finch64.dll", L"heron64.dll"});
+    const fs::path planted = FolderWith(L"lmvx-planted", {L"kestrel64.dll", L"heron64.dll"});
     SeedQuietStart(0x0409);
-    ProgramRunner program;
-    ASSERT_TRUE(program.Start((programFolder / L"lmvx64.exe").wstring(), L"", workingFolder.wstring()));
-    HWND box = program.WaitForWindowWithCaption(L"Lumivex", kWindowWaitMs);
+    ProgramRunner runner;
+    ASSERT_TRUE(runner.Start((program / L"lmvx64.exe").wstring(), L"", planted.wstring()));
+    HWND box = runner.WaitForWindowWithCaption(L"Lumivex", kWindowWaitMs);
     ASSERT_NE(box, nullptr) << "no message about the missing component";
     EXPECT_TRUE(AnyTextContains(box, L"A component required for the execution of Lumivex was not found."));
     DismissBox(box);
-    EXPECT_EQ(program.WaitForExit(kWindowWaitMs), static_cast<DWORD>(ERROR_DLL_NOT_FOUND));
-}
-
-TEST(MissingComponent, EndsWithTheMessageAndExitCode1157) {
-    const fs::path folder = FolderWith(L"lmvx-missing-kestrel", {L"lmvx64.exe", L"wren64.dll", L"finch64.dll", L"heron64.dll"});
-    ExpectMissingComponentExit(folder, folder);
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
-}
-
-// A component library planted in the current folder must not be picked up in place of a missing one.
-TEST(MissingComponent, IsNotTakenFromTheCurrentFolder) {
-    const fs::path program = FolderWith(L"lmvx-program-only", {L"lmvx64.exe", L"wren64.dll", L"finch64.dll"});
-    const fs::path planted = FolderWith(L"lmvx-planted", {L"kestrel64.dll", L"heron64.dll"});
-    ExpectMissingComponentExit(program, planted);
+    EXPECT_EQ(runner.WaitForExit(kWindowWaitMs), static_cast<DWORD>(ERROR_DLL_NOT_FOUND));
     std::error_code ignored;
     fs::remove_all(program, ignored);
     fs::remove_all(planted, ignored);

@@ -6,13 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "common/unique_resource.h"
+#include "message_pump.h"
 
 #include "program_runner.h"
 #include "settings_seed.h"
@@ -73,12 +73,8 @@ private:
     std::optional<std::vector<BYTE>> data_;
 };
 
-bool WaitUntil(const std::function<bool()>& condition) {
-    for (const ULONGLONG deadline = GetTickCount64() + kWaitMs; !condition(); Sleep(50)) {
-        if (GetTickCount64() > deadline) return false;
-    }
-    return true;
-}
+template <typename Condition>
+bool WaitUntil(Condition condition) { return lmvx_test::PollUntil(condition, kWaitMs); }
 
 fs::path KnownFolder(REFKNOWNFOLDERID id) {
     wchar_t* path = nullptr;
@@ -158,7 +154,7 @@ protected:
                                L"PendingFileRenameOperations"};
 };
 
-TEST_F(InstalledLumivex, SilentSetupInstallsTheProgramItsShortcutAndItsUninstallEntry) {
+TEST_F(InstalledLumivex, SilentSetupInstallsTheProgramItsShortcutAndUninstallEntryAndUninstallRemovesThem) {
     Install();
     EXPECT_EQ(folder_.wstring(), (KnownFolder(FOLDERID_ProgramFiles) / L"Orvane Software" / L"Lumivex").wstring());
     std::set<std::wstring> files;
@@ -186,10 +182,8 @@ TEST_F(InstalledLumivex, SilentSetupInstallsTheProgramItsShortcutAndItsUninstall
     ASSERT_NE(box, nullptr) << "no build information box";
     PressButton(box, IDOK);
     EXPECT_EQ(program.WaitForExit(kWaitMs), 0u);
-}
 
-TEST_F(InstalledLumivex, UninstallRemovesWhatSetupAddedAndTheRegistrationsOfThisCopyButKeepsNotes) {
-    Install();
+    // The uninstaller removes what Setup added and the registrations of this copy, but keeps notes.
     // Quoted, as the program stores a path with spaces.
     WriteString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger", L"\"" + (folder_ / L"lmvx64.exe").wstring() + L"\"");
     WriteString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher", (folder_ / L"lvLaunch.exe spawn").wstring());
@@ -202,18 +196,7 @@ TEST_F(InstalledLumivex, UninstallRemovesWhatSetupAddedAndTheRegistrationsOfThis
     EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kNotesKey, L"installer-test.exe"), L"kept");
 }
 
-TEST_F(InstalledLumivex, UninstallLeavesRegistrationsThatPointAtAnotherCopy) {
-    Install();
-    const std::wstring otherCopy = L"C:\\Tools\\Lumivex";
-    WriteString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger", otherCopy + L"\\lmvx64.exe");
-    WriteString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher", otherCopy + L"\\lvLaunch.exe spawn");
-
-    Uninstall();
-    EXPECT_EQ(ReadString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger"), otherCopy + L"\\lmvx64.exe");
-    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher"), otherCopy + L"\\lvLaunch.exe spawn");
-}
-
-TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderAndClosesOnlyTheInstalledProgramFirst) {
+TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderClosingOnlyTheInstalledProgramAndUninstallKeepsOtherCopies) {
     const fs::path chosen = KnownFolder(FOLDERID_ProgramFiles) / L"Lumivex elsewhere";
     Install(L"/S /D=" + chosen.wstring());
     ASSERT_EQ(folder_.wstring(), chosen.wstring());
@@ -229,6 +212,14 @@ TEST_F(InstalledLumivex, SetupUpgradesInTheInstalledFolderAndClosesOnlyTheInstal
     EXPECT_NE(installed.WaitForExit(0), STILL_ACTIVE);
     EXPECT_EQ(portable.WaitForExit(0), STILL_ACTIVE);
     EXPECT_FALSE(fs::exists(KnownFolder(FOLDERID_ProgramFiles) / L"Orvane Software" / L"Lumivex"));
+
+    // Registrations that point at another copy outlive the uninstaller.
+    const std::wstring otherCopy = L"C:\\Tools\\Lumivex";
+    WriteString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger", otherCopy + L"\\lmvx64.exe");
+    WriteString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher", otherCopy + L"\\lvLaunch.exe spawn");
+    Uninstall();
+    EXPECT_EQ(ReadString(HKEY_LOCAL_MACHINE, kTaskmgrKey, L"Debugger"), otherCopy + L"\\lmvx64.exe");
+    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kRunKey, L"Lumivex Launcher"), otherCopy + L"\\lvLaunch.exe spawn");
 }
 
 }  // namespace

@@ -25,20 +25,17 @@ public:
         SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
         HANDLE inputRead = nullptr;
         if (CreatePipe(&inputRead, &input_, &inheritable, 0)) SetHandleInformation(input_, HANDLE_FLAG_INHERIT, 0);
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
+        STARTUPINFOW startup{sizeof startup};
         startup.dwFlags = STARTF_USESTDHANDLES;
         startup.hStdInput = inputRead;
         startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
         startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
         std::wstring mutableLine = commandLine_;
         PROCESS_INFORMATION process{};
-        std::wstring environmentBlock = environment;
-        const DWORD environmentFlag = environment.empty() ? 0 : CREATE_UNICODE_ENVIRONMENT;
-        const BOOL started = CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, TRUE,
-                                            CREATE_SUSPENDED | CREATE_NO_WINDOW | environmentFlag,
-                                            environment.empty() ? nullptr : environmentBlock.data(), nullptr,
-                                            &startup, &process);
+        const DWORD flags = CREATE_SUSPENDED | CREATE_NO_WINDOW | (environment.empty() ? 0 : CREATE_UNICODE_ENVIRONMENT);
+        const BOOL started = CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, TRUE, flags,
+                                            environment.empty() ? nullptr : const_cast<wchar_t*>(environment.data()),
+                                            nullptr, &startup, &process);
         if (inputRead) CloseHandle(inputRead);
         if (started) {
             process_ = process.hProcess;
@@ -87,11 +84,10 @@ public:
 
     // The child program's full path: beside the running test program.
     static std::wstring HelperPath() {
-        wchar_t self[MAX_PATH];
-        const DWORD length = GetModuleFileNameW(nullptr, self, MAX_PATH);
-        std::wstring path(self, length);
-        const size_t slash = path.find_last_of(L"\\/");
-        return (slash == std::wstring::npos ? std::wstring() : path.substr(0, slash + 1)) + L"lmvx_test_child.exe";
+        wchar_t self[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, self, MAX_PATH);
+        const std::wstring path = self;
+        return path.substr(0, path.find_last_of(L"\\/") + 1) + L"lmvx_test_child.exe";
     }
 
 private:

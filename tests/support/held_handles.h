@@ -10,6 +10,7 @@
 #include <string>
 
 #include "child_process.h"
+#include "message_pump.h"
 #include "test_files.h"
 
 namespace lmvx_test {
@@ -20,17 +21,6 @@ inline std::wstring TempFolder() {
 }
 
 inline bool FileExists(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
-
-// Polls the condition (no message pump) for up to limitMs; true once it holds.
-template <typename Condition>
-bool PollUntil(Condition condition, DWORD limitMs = 20000) {
-    const ULONGLONG end = GetTickCount64() + limitMs;
-    while (!condition()) {
-        if (GetTickCount64() > end) return false;
-        Sleep(5);
-    }
-    return true;
-}
 
 class HeldHandlesChild {
 public:

@@ -23,20 +23,19 @@ struct KnownThreads {
 
     bool Started() const { return child && child->Started() && windowed != 0; }
 
-    bool ReadIds(const std::wstring& file) {
-        return swscanf(ReadWholeFile(file).c_str(), L"%lu %lu %lu %lu", &burning, &suspended, &blocked, &windowed) == 4;
-    }
-
-    // Starts the child and waits until it has written the ids of its threads.
+    // Starts the child and waits until it has written the ids of its threads (the file may be seen before it
+    // can be opened, so it is read until all four are there).
     static KnownThreads Start() {
-        KnownThreads threads;
+        KnownThreads t;
         const std::wstring file = TestTempFolder() + L"lmvx_known_threads_" + std::to_wstring(GetCurrentProcessId()) +
                                   L"_" + std::to_wstring(GetTickCount()) + L".txt";
-        threads.child = std::make_unique<ChildProcess>(L"known-threads \"" + file + L"\" 600000");
-        // Read until all four ids are there: the file may be seen before it can be opened.
-        PumpUntil([&] { return threads.ReadIds(file); }, 20000);
+        t.child = std::make_unique<ChildProcess>(L"known-threads \"" + file + L"\" 600000");
+        PumpUntil([&] {
+            return swscanf(ReadWholeFile(file).c_str(), L"%lu %lu %lu %lu", &t.burning, &t.suspended, &t.blocked,
+                           &t.windowed) == 4;
+        }, 20000);
         DeleteFileW(file.c_str());
-        return threads;
+        return t;
     }
 };
 

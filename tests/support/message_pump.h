@@ -1,4 +1,4 @@
-// Dispatches the calling thread's messages while a test waits for something its windows do.
+// Waiting for a condition: dispatching the calling thread's messages while its windows work, or polling.
 #pragma once
 #include <windows.h>
 
@@ -16,6 +16,15 @@ bool PumpUntil(Condition condition, DWORD limitMs) {
             DispatchMessageW(&message);
         }
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+    return true;
+}
+
+// Polls the condition (no message pump) for up to limitMs; true once it holds.
+template <typename Condition>
+bool PollUntil(Condition condition, DWORD limitMs = 20000) {
+    for (const ULONGLONG end = GetTickCount64() + limitMs; !condition(); Sleep(5)) {
+        if (GetTickCount64() > end) return false;
     }
     return true;
 }

@@ -15,12 +15,8 @@ constexpr wchar_t kWindowClass[] = L"LumivexTestMainWindow";
 
 LRESULT CALLBACK TestWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* handlers = reinterpret_cast<WindowHandlers*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (handlers && message == WM_USER) {
-        handlers->OnUser(wParam);
-        return 0;
-    }
-    if (handlers && message == WM_TIMER) {
-        handlers->OnTimer(wParam);
+    if (handlers && (message == WM_USER || message == WM_TIMER)) {
+        message == WM_USER ? handlers->OnUser(wParam) : handlers->OnTimer(wParam);
         return 0;
     }
     if (message == WM_SIZE) {
@@ -30,22 +26,11 @@ LRESULT CALLBACK TestWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-struct WindowSearch {
-    const std::wstring* caption;
-    HWND except;
-    HWND found;
-};
-
-BOOL CALLBACK MatchOwnWindow(HWND window, LPARAM parameter) {
-    auto* search = reinterpret_cast<WindowSearch*>(parameter);
-    DWORD pid = 0;
-    GetWindowThreadProcessId(window, &pid);
-    if (pid != GetCurrentProcessId() || window == search->except || !IsWindowVisible(window)) return TRUE;
-    wchar_t text[256] = {};
-    GetWindowTextW(window, text, 256);
-    if (*search->caption != text) return TRUE;
-    search->found = window;
-    return FALSE;
+// The row's item with the fields under mask; false when there is no such row.
+bool ReadRow(HWND list, int row, UINT mask, LVITEMW& item) {
+    item.mask = mask;
+    item.iItem = row;
+    return ListView_GetItem(list, &item);
 }
 
 }  // namespace
@@ -119,15 +104,12 @@ int RowOfPid(HWND list, unsigned pid) {
 
 unsigned PidOfRow(HWND list, int row) {
     LVITEMW item{};
-    item.mask = LVIF_PARAM;
-    item.iItem = row;
-    return ListView_GetItem(list, &item) ? static_cast<unsigned>(item.lParam) : 0;
+    return ReadRow(list, row, LVIF_PARAM, item) ? static_cast<unsigned>(item.lParam) : 0;
 }
 
 std::vector<unsigned> PidsInRowOrder(HWND list) {
     std::vector<unsigned> pids;
-    const int count = ListView_GetItemCount(list);
-    for (int row = 0; row < count; ++row) pids.push_back(PidOfRow(list, row));
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) pids.push_back(PidOfRow(list, row));
     return pids;
 }
 
@@ -139,16 +121,12 @@ std::wstring CellText(HWND list, int row, int column) {
 
 int RowIndent(HWND list, int row) {
     LVITEMW item{};
-    item.mask = LVIF_INDENT;
-    item.iItem = row;
-    return ListView_GetItem(list, &item) ? item.iIndent : -1;
+    return ReadRow(list, row, LVIF_INDENT, item) ? item.iIndent : -1;
 }
 
 int RowImage(HWND list, int row) {
     LVITEMW item{};
-    item.mask = LVIF_IMAGE;
-    item.iItem = row;
-    return ListView_GetItem(list, &item) ? item.iImage : -1;
+    return ReadRow(list, row, LVIF_IMAGE, item) ? item.iImage : -1;
 }
 
 std::vector<SeenItem> ReadMenu(HMENU menu) {
@@ -188,8 +166,24 @@ HMENU SortMenuOf(HWND window) { return GetSubMenu(GetSubMenu(GetMenu(window), 1)
 HMENU RateMenuOf(HWND window) { return GetSubMenu(GetSubMenu(GetMenu(window), 1), 1); }
 
 HWND FindOwnWindow(const std::wstring& caption, HWND except) {
-    WindowSearch search{&caption, except, nullptr};
-    EnumWindows(MatchOwnWindow, reinterpret_cast<LPARAM>(&search));
+    struct Search {
+        const std::wstring& caption;
+        HWND except;
+        HWND found;
+    } search{caption, except, nullptr};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto& s = *reinterpret_cast<Search*>(parameter);
+            DWORD pid = 0;
+            GetWindowThreadProcessId(window, &pid);
+            wchar_t text[256] = {};
+            GetWindowTextW(window, text, 256);
+            if (pid != GetCurrentProcessId() || window == s.except || !IsWindowVisible(window) || s.caption != text)
+                return TRUE;
+            s.found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
@@ -206,15 +200,10 @@ std::wstring ChildTexts(HWND window) {
 
 bool WaitForOwnWindow(const std::wstring& caption, DWORD limitMs, const std::function<void(HWND)>& act, HWND except) {
     // Polls without pumping: the window belongs to another thread of this process.
-    const DWORD start = GetTickCount();
-    while (GetTickCount() - start <= limitMs) {
-        if (HWND window = FindOwnWindow(caption, except)) {
-            act(window);
-            return true;
-        }
-        Sleep(20);
-    }
-    return false;
+    HWND window = nullptr;
+    if (!PollUntil([&] { return (window = FindOwnWindow(caption, except)) != nullptr; }, limitMs)) return false;
+    act(window);
+    return true;
 }
 
 }  // namespace lmvx_test

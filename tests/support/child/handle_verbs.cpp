@@ -17,22 +17,6 @@ std::wstring Line(const wchar_t* what, HANDLE handle) {
     return text;
 }
 
-// Waits until standard input closes (the test ends the child), watching whether `watched` is still open:
-// when someone closes it from outside, writes the file `closedMarker`.
-void WaitWatching(HANDLE watched, const std::wstring& closedMarker) {
-    HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-    bool reported = false;
-    for (;;) {
-        DWORD available = 0;
-        if (!PeekNamedPipe(input, nullptr, 0, nullptr, &available, nullptr)) return;   // input closed
-        DWORD flags = 0;
-        if (!reported && watched && !GetHandleInformation(watched, &flags)) {
-            reported = WriteWholeFile(closedMarker, L"closed\n");
-        }
-        Sleep(10);   // polling interval of a helper, not a test wait
-    }
-}
-
 }  // namespace
 
 // hold <file> <report> <other pid>: opens a named event and mutex, the file (created), a registry key, a pipe
@@ -71,8 +55,7 @@ int HoldVerb(Arguments arguments) {
     const std::wstring text = Line(L"event", event) + Line(L"mutex", mutex) + Line(L"file", file) +
                               Line(L"key", key) + Line(L"pipe", pipeRead) + Line(L"process", other);
     if (!WriteWholeFile(report, text)) return ExitFailed;
-    WaitWatching(file, report + L".closed");
-    return 0;
+    return WaitForInputToClose(file, report + L".closed");
 }
 
 // many <count> <report>: holds count more handles (duplicates of one event), writes "ready" to report, then
@@ -88,8 +71,7 @@ int ManyHandlesVerb(Arguments arguments) {
             return ExitFailed;
     }
     if (!WriteWholeFile(arguments[1], L"ready\n")) return ExitFailed;
-    WaitWatching(nullptr, L"");
-    return 0;
+    return WaitForInputToClose();
 }
 
 }  // namespace lmvx_test_child

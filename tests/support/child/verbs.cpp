@@ -20,32 +20,39 @@ bool WriteWholeFile(const std::wstring& path, const void* bytes, size_t size) {
     return wrote && MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING);
 }
 
+int WaitForInputToClose(void* watched, const std::wstring& closedMarker) {
+    HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    DWORD available = 0, flags = 0;
+    for (bool reported = false; PeekNamedPipe(input, nullptr, 0, nullptr, &available, nullptr); Sleep(10)) {
+        if (!reported && watched && !GetHandleInformation(watched, &flags)) {
+            reported = WriteWholeFile(closedMarker, L"closed\n");
+        }
+    }
+    return 0;
+}
+
 namespace {
 
-bool ReadMilliseconds(Arguments arguments, DWORD& milliseconds) {
-    if (arguments.empty()) return false;
+// The argument at index as a whole decimal number; false when it is missing or not one.
+bool ReadNumber(Arguments arguments, size_t index, DWORD& value) {
     wchar_t* end = nullptr;
-    const unsigned long value = std::wcstoul(arguments[0], &end, 10);
-    if (end == arguments[0] || *end != L'\0') return false;
-    milliseconds = static_cast<DWORD>(value);
-    return true;
+    if (index >= arguments.size()) return false;
+    value = static_cast<DWORD>(std::wcstoul(arguments[index], &end, 10));
+    return end != arguments[index] && *end == L'\0';
 }
 
 // sleep <ms>: idles, then exits with 0.
 int SleepVerb(Arguments arguments) {
     DWORD milliseconds = 0;
-    if (!ReadMilliseconds(arguments, milliseconds)) return ExitUsage;
+    if (!ReadNumber(arguments, 0, milliseconds)) return ExitUsage;
     Sleep(milliseconds);
     return 0;
 }
 
 // threads <n> <ms>: starts n more threads that idle, then idles itself; exits with 0 after ms.
 int ThreadsVerb(Arguments arguments) {
-    DWORD extraThreads = 0;
-    DWORD milliseconds = 0;
-    if (!ReadMilliseconds(arguments, extraThreads) || !ReadMilliseconds(arguments.subspan(1), milliseconds)) {
-        return ExitUsage;
-    }
+    DWORD extraThreads = 0, milliseconds = 0;
+    if (!ReadNumber(arguments, 0, extraThreads) || !ReadNumber(arguments, 1, milliseconds)) return ExitUsage;
     for (DWORD i = 0; i < extraThreads; ++i) {
         HANDLE thread = CreateThread(nullptr, 0, [](void*) -> DWORD { Sleep(INFINITE); return 0; }, nullptr, 0, nullptr);
         if (!thread) return ExitFailed;
@@ -58,34 +65,22 @@ int ThreadsVerb(Arguments arguments) {
 // burn <ms>: keeps one processor busy for that long.
 int BurnVerb(Arguments arguments) {
     DWORD milliseconds = 0;
-    if (!ReadMilliseconds(arguments, milliseconds)) return ExitUsage;
-    const ULONGLONG end = GetTickCount64() + milliseconds;
+    if (!ReadNumber(arguments, 0, milliseconds)) return ExitUsage;
     volatile unsigned long long sink = 0;
-    while (GetTickCount64() < end) {
-        for (int i = 0; i < 100000; ++i) sink = sink + static_cast<unsigned long long>(i);
-    }
+    for (const ULONGLONG end = GetTickCount64() + milliseconds; GetTickCount64() < end;) sink = sink + 1;
     return 0;
 }
 
-std::wstring QuoteArgument(const wchar_t* argument) {
-    std::wstring quoted = L"\"";
-    for (const wchar_t* c = argument; *c; ++c) {
-        if (*c == L'"') quoted += L'\\';
-        quoted += *c;
-    }
-    return quoted + L"\"";
-}
-
-// spawn <verb> <args...>: starts a copy of this program with the remaining arguments, waits for it, and
-// exits with its exit code.
+// spawn <verb> <args...>: starts a copy of this program with the rest of its own command line, waits for it,
+// and exits with its exit code.
 int SpawnVerb(Arguments arguments) {
-    if (arguments.empty()) return ExitUsage;
     wchar_t self[MAX_PATH];
-    if (!GetModuleFileNameW(nullptr, self, MAX_PATH)) return ExitFailed;
-    std::wstring commandLine = QuoteArgument(self);
-    for (wchar_t* argument : arguments) commandLine += L" " + QuoteArgument(argument);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
+    const std::wstring_view line = GetCommandLineW();
+    const size_t verb = line.find(L" spawn ");
+    if (arguments.empty() || verb == std::wstring_view::npos || !GetModuleFileNameW(nullptr, self, MAX_PATH))
+        return ExitUsage;
+    std::wstring commandLine = L"\"" + std::wstring(self) + L"\" " + std::wstring(line.substr(verb + 7));
+    STARTUPINFOW startup{sizeof startup};
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(self, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
         return ExitFailed;
@@ -97,20 +92,10 @@ int SpawnVerb(Arguments arguments) {
     return static_cast<int>(exitCode);
 }
 
-// Until standard input closes (ChildProcess::CloseInput or the test's end).
-int WaitForInputToClose() {
-    HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-    char buffer[256];
-    DWORD read = 0;
-    while (input && input != INVALID_HANDLE_VALUE && ReadFile(input, buffer, sizeof buffer, &read, nullptr) && read > 0) {
-    }
-    return 0;
-}
-
 // note <file> <ms> [anything...]: writes its own command line (UTF-16) to the file, then idles for ms.
 int NoteVerb(Arguments arguments) {
     DWORD milliseconds = 0;
-    if (arguments.size() < 2 || !ReadMilliseconds(arguments.subspan(1), milliseconds)) return ExitUsage;
+    if (!ReadNumber(arguments, 1, milliseconds)) return ExitUsage;
     if (!WriteWholeFile(arguments[0], GetCommandLineW())) return ExitFailed;
     Sleep(milliseconds);
     return 0;
@@ -120,7 +105,7 @@ int NoteVerb(Arguments arguments) {
 // then idles for ms.
 int EnvironmentVerb(Arguments arguments) {
     DWORD milliseconds = 0;
-    if (arguments.size() < 2 || !ReadMilliseconds(arguments.subspan(1), milliseconds)) return ExitUsage;
+    if (!ReadNumber(arguments, 1, milliseconds)) return ExitUsage;
     wchar_t* block = GetEnvironmentStringsW();
     if (!block) return ExitFailed;
     size_t length = 0;

@@ -32,6 +32,10 @@ inline bool WriteWholeFile(const std::wstring& path, const std::wstring& text) {
     return WriteWholeFile(path, text.data(), text.size() * sizeof(wchar_t));
 }
 
+// Waits until standard input closes (ChildProcess::CloseInput or the test's end), polling; when someone
+// closes watched from outside meanwhile, writes the file closedMarker.
+int WaitForInputToClose(void* watched = nullptr, const std::wstring& closedMarker = {});
+
 constexpr int ExitUsage = 2;
 constexpr int ExitFailed = 3;
 
