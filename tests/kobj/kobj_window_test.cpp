@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <set>
 #include <string>
 #include <thread>
@@ -57,16 +58,32 @@ void SelectRow(HWND list, unsigned value) {
 }
 
 // A top-level dialog whose caption starts with the text (or is the text) and that shows `part` somewhere.
+HWND FindDialog(const std::wstring& captionStart, const std::wstring& part = L"") {
+    HWND found = nullptr;
+    while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
+        if (lmvx_test::WindowText(found).starts_with(captionStart) && lmvx_test::AnyTextContains(found, part)) break;
+    }
+    return found;
+}
 HWND WaitForDialog(const std::wstring& captionStart, const std::wstring& part = L"") {
     HWND found = nullptr;
-    PollUntil([&] {
-        while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
-            if (lmvx_test::WindowText(found).starts_with(captionStart) && lmvx_test::AnyTextContains(found, part))
-                return true;
-        }
-        return false;
-    }, kLimitMs);
+    PollUntil([&] { return (found = FindDialog(captionStart, part)) != nullptr; }, kLimitMs);
     return found;
+}
+
+// Sends a command whose dialog is modal on this thread; `answer` reads and closes it on another thread. It
+// looks until the command has returned: on a loaded machine the dialog may come late, and one left
+// unanswered would hold the test until its time limit.
+void SendAnswered(HWND window, UINT command, const std::wstring& caption, const std::function<void(HWND)>& answer) {
+    std::atomic<bool> returned{false};
+    std::thread watcher([&] {
+        HWND dialog = nullptr;
+        PollUntil([&] { return (dialog = FindDialog(caption)) != nullptr || returned.load(); }, INFINITE);
+        if (dialog) answer(dialog);
+    });
+    SendMessageW(window, WM_COMMAND, command, 0);
+    returned = true;
+    watcher.join();
 }
 
 using lmvx_test::ClipboardText;
@@ -189,13 +206,8 @@ private:
     HWND parent_ = nullptr;
 };
 
-// Sends a page command whose confirmation is modal on this thread; a watcher answers it with `answer`.
 void CommandWithConfirmation(HWND page, UINT command, const std::wstring& caption, UINT answer) {
-    std::thread watcher([&] {
-        if (HWND box = WaitForDialog(caption)) PostMessageW(box, WM_COMMAND, answer, 0);
-    });
-    SendMessageW(page, WM_COMMAND, command, 0);
-    watcher.join();
+    SendAnswered(page, command, caption, [answer](HWND box) { PostMessageW(box, WM_COMMAND, answer, 0); });
 }
 
 TEST_F(KernelObjectsTest, TheFilesPageListsExactlyTheFilesAndClosesOneForReal) {
@@ -242,15 +254,11 @@ TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOn
     // Properties of the event: its name in the caption, its type in the sheet.
     SelectRow(host.List(), static_cast<unsigned>(child.Value(L"event")));
     std::wstring caption, type;
-    std::thread watcher([&] {
-        if (HWND sheet = WaitForDialog(L"Properties of ")) {
-            caption = lmvx_test::WindowText(sheet);
-            type = lmvx_test::WindowText(GetDlgItem(sheet, IDC_HPROP_TYPE));
-            PostMessageW(sheet, WM_COMMAND, IDOK, 0);
-        }
+    SendAnswered(host.page, IDM_HANDLE_PROPERTIES, L"Properties of ", [&](HWND sheet) {
+        caption = lmvx_test::WindowText(sheet);
+        type = lmvx_test::WindowText(GetDlgItem(sheet, IDC_HPROP_TYPE));
+        PostMessageW(sheet, WM_COMMAND, IDOK, 0);
     });
-    SendMessageW(host.page, WM_COMMAND, IDM_HANDLE_PROPERTIES, 0);
-    watcher.join();
     EXPECT_TRUE(caption.ends_with(L"lmvx_test_event_" + std::to_wstring(child.Pid()))) << caption;
     EXPECT_EQ(type, L"Event");
 
@@ -284,18 +292,14 @@ TEST_F(KernelObjectsTest, TheHandlesPageHidesUnnamedHandlesUntilAskedAndClosesOn
     ASSERT_FALSE(heldByChild(event)) << "the child reused the value";
     SelectRow(host.List(), event);
     std::atomic<bool> answered{false};
-    std::thread closer([&] {
-        if (HWND question = WaitForDialog(L"Close Remote Handle")) PostMessageW(question, WM_COMMAND, IDYES, 0);
+    std::thread failureCloser([&] {   // Windows: "could not close the handle"
         HWND failure = nullptr;
-        PollUntil([&] {
-            failure = FindWindowExW(nullptr, nullptr, L"#32770", L"Close Handle");
-            return failure != nullptr || answered.load();
-        }, kLimitMs);
-        if (failure) PostMessageW(failure, WM_COMMAND, IDOK, 0);   // Windows: "could not close the handle"
+        PollUntil([&] { return (failure = FindWindowExW(nullptr, nullptr, L"#32770", L"Close Handle")) || answered; }, INFINITE);
+        if (failure) PostMessageW(failure, WM_COMMAND, IDOK, 0);
     });
-    SendMessageW(host.page, WM_COMMAND, IDM_HANDLE_CLOSE_PAGE, 0);
+    CommandWithConfirmation(host.page, IDM_HANDLE_CLOSE_PAGE, L"Close Remote Handle", IDYES);
     answered = true;
-    closer.join();
+    failureCloser.join();
     EXPECT_FALSE(child.FileHandleClosed());
     EXPECT_TRUE(PumpUntil([&] { return FindRow(ReadRows(host.List(), 1), event) == nullptr; }, kLimitMs));
     EXPECT_NE(FindRow(ReadRows(host.List(), 1), child.Value(L"file")), nullptr);
