@@ -11,11 +11,18 @@ state="$build/wine-session"
 case "$action" in
 start)
     mkdir -p "$state"
-    if [ -z "${DISPLAY:-}" ] && [ -f "$state/xvfb.pid" ] && [ -f "$state/display" ] &&
-        kill -0 "$(cat "$state/xvfb.pid")" 2>/dev/null; then
+    if [ -z "${DISPLAY:-}" ] && [ -f "$state/xvfb.pid" ] && [ -f "$state/display" ]; then
         # Our Xvfb still runs: every later shell must use the display the session's desktop lives on.
-        DISPLAY=$(cat "$state/display")
-        export DISPLAY
+        # After a restart of the machine the recorded process id may belong to another program, so the
+        # process must still be an Xvfb and the display's socket must still exist.
+        recorded=$(cat "$state/display")
+        pid=$(cat "$state/xvfb.pid")
+        if grep -q Xvfb "/proc/$pid/cmdline" 2>/dev/null && [ -e "/tmp/.X11-unix/X${recorded#:}" ]; then
+            DISPLAY=$recorded
+            export DISPLAY
+        else
+            rm -f "$state/xvfb.pid" "$state/display"
+        fi
     fi
     if [ -z "${DISPLAY:-}" ]; then
         # Pick a free display number and run our own Xvfb on it.
