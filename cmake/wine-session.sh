@@ -25,13 +25,24 @@ start)
         fi
     fi
     if [ -z "${DISPLAY:-}" ]; then
-        # Pick a free display number and run our own Xvfb on it.
+        # Pick a free display number and run our own Xvfb on it. A session starting beside ours may take
+        # the same number first; our Xvfb then ends at once, and the next free number is tried.
         n=90
-        while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
-        Xvfb ":$n" -screen 0 1280x800x24 -nolisten tcp </dev/null >"$state/xvfb.log" 2>&1 &
-        echo $! >"$state/xvfb.pid"
-        i=0
-        while [ ! -e "/tmp/.X11-unix/X$n" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done
+        while :; do
+            while [ -e "/tmp/.X$n-lock" ] || [ -e "/tmp/.X11-unix/X$n" ]; do n=$((n + 1)); done
+            Xvfb ":$n" -screen 0 1280x800x24 -nolisten tcp </dev/null >"$state/xvfb.log" 2>&1 &
+            xvfb=$!
+            i=0
+            # The display is ours once its lock names our Xvfb and its socket exists.
+            while kill -0 $xvfb 2>/dev/null && [ $i -lt 100 ]; do
+                [ -e "/tmp/.X11-unix/X$n" ] && [ "$(tr -d ' ' <"/tmp/.X$n-lock" 2>/dev/null)" = "$xvfb" ] && break
+                sleep 0.1
+                i=$((i + 1))
+            done
+            kill -0 $xvfb 2>/dev/null && break
+            n=$((n + 1))
+        done
+        echo $xvfb >"$state/xvfb.pid"
         export DISPLAY=":$n"
         echo "$DISPLAY" >"$state/display"
     fi
