@@ -14,13 +14,9 @@ public:
     // strings each ended by a null, with a final null; empty to inherit this process's environment.
     explicit ChildProcess(const std::wstring& arguments, const std::wstring& environment = {}) {
         commandLine_ = L"\"" + HelperPath() + L"\" " + arguments;
-        // The child and its own children share one job, so that ending it ends the whole tree.
+        // The child and its own children share one job, so that ending it can find the whole tree. The job
+        // is not asked to end them itself: Wine's server can crash when a job ends its processes.
         job_ = CreateJobObjectW(nullptr, nullptr);
-        if (job_) {
-            JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-            limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-            SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-        }
         // The child's standard input is a pipe that stays open until CloseInput() or the end.
         SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
         HANDLE inputRead = nullptr;
@@ -32,7 +28,8 @@ public:
         startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
         std::wstring mutableLine = commandLine_;
         PROCESS_INFORMATION process{};
-        const DWORD flags = CREATE_SUSPENDED | CREATE_NO_WINDOW | (environment.empty() ? 0 : CREATE_UNICODE_ENVIRONMENT);
+        // Without a console: a console of its own would start one more process, a console host, per child.
+        const DWORD flags = CREATE_SUSPENDED | DETACHED_PROCESS | (environment.empty() ? 0 : CREATE_UNICODE_ENVIRONMENT);
         const BOOL started = CreateProcessW(nullptr, mutableLine.data(), nullptr, nullptr, TRUE, flags,
                                             environment.empty() ? nullptr : const_cast<wchar_t*>(environment.data()),
                                             nullptr, &startup, &process);
@@ -75,7 +72,24 @@ public:
     }
     // Ends the child and everything it started, and waits until the child is gone.
     void End() {
-        if (job_) TerminateJobObject(job_, 1);
+        if (job_) {
+            // Room for the child and more descendants than any verb starts.
+            struct {
+                JOBOBJECT_BASIC_PROCESS_ID_LIST list;
+                ULONG_PTR more[63];
+            } ids{};
+            ids.list.NumberOfAssignedProcesses = 64;
+            if (QueryInformationJobObject(job_, JobObjectBasicProcessIdList, &ids, sizeof ids, nullptr)) {
+                for (DWORD i = 0; i < ids.list.NumberOfProcessIdsInList; ++i) {
+                    HANDLE member = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE,
+                                                static_cast<DWORD>(ids.list.ProcessIdList[i]));
+                    if (!member) continue;
+                    TerminateProcess(member, 1);
+                    WaitForSingleObject(member, 10000);
+                    CloseHandle(member);
+                }
+            }
+        }
         if (process_) {
             TerminateProcess(process_, 1);
             WaitForSingleObject(process_, 10000);

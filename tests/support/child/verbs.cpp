@@ -82,7 +82,9 @@ int SpawnVerb(Arguments arguments) {
     std::wstring commandLine = L"\"" + std::wstring(self) + L"\" " + std::wstring(line.substr(verb + 7));
     STARTUPINFOW startup{sizeof startup};
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(self, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+    // Without a console, as the tests start the child itself.
+    if (!CreateProcessW(self, commandLine.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr, nullptr, &startup,
+                        &process))
         return ExitFailed;
     CloseHandle(process.hThread);
     WaitForSingleObject(process.hProcess, INFINITE);
