@@ -101,10 +101,15 @@ TEST(PerfMonSource, OneSourceForTheProcessWhoseReadersWithinTheMinimumAgeShareOn
     kestrel::PM_PERFMONSOURCE* source = kestrel::GetGlobalPerfMonSourcePtr();
     ASSERT_NE(source, nullptr);
     EXPECT_EQ(source, kestrel::GetGlobalPerfMonSourcePtr());
+    kestrel::_SYSPERFINFO counters;
+    ASSERT_EQ(counters.Init(), 1);
     source->SetUpdateInterval(600000, 300000);
     const unsigned first = source->GetSystemProcessCount();
     lmvx_test::ChildProcess child(L"sleep 60000");   // the list grows, but the reading is not renewed
     ASSERT_TRUE(child.Started());
+    // A reading of its own comes to see the change (a process snapshot is reused for up to 1 s); the
+    // shared reading still does not.
+    EXPECT_TRUE(lmvx_test::PumpUntil([&] { counters.Update(); return counters.GetProcessCount() != first; }, 60000));
     EXPECT_EQ(source->GetSystemProcessCount(), first);
     // Renewed at every read now: a read comes to agree with the system's own count taken around it. (A
     // reading reuses the count of a process snapshot up to 1 s old, and Wine's helper processes of earlier
@@ -115,9 +120,6 @@ TEST(PerfMonSource, OneSourceForTheProcessWhoseReadersWithinTheMinimumAgeShareOn
         const unsigned read = source->GetSystemProcessCount();
         return before == CountSystemProcesses() && static_cast<long>(read) == before;
     }, 60000)) << first;
-    kestrel::_SYSPERFINFO counters;
-    ASSERT_EQ(counters.Init(), 1);
-    counters.Update();
     EXPECT_GT(source->GetSystemCommitChargeTotalKB(), 0u);
     EXPECT_LE(source->GetSystemCommitChargeTotalKB(), counters.GetCommitChargeLimitKB());
     EXPECT_LE(source->GetSystemProcessorUsage(), 100u);
