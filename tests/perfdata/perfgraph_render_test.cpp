@@ -234,6 +234,7 @@ TEST(PerfGraphRender, RepeatedAndConcurrentDrawingsAtChangingSizesLeakNoGdiObjec
         }
         EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), heldAfterTwo);   // the same bitmaps, reused or replaced
 
+        SetWindowPos(window.get(), nullptr, 0, 0, 160, 80, SWP_NOZORDER | SWP_NOMOVE);
         std::atomic<int> failures{0};
         std::thread sampler([&] {
             const unsigned start = GetTickCount();
