@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cwchar>
 #include <string>
 #include <thread>
 #include <tuple>
