@@ -17,10 +17,6 @@ namespace finch_test {
 
 using lmvx_test::AnyTextContains;
 
-inline bool AnyTextEquals(const std::vector<std::wstring>& texts, const std::wstring& whole) {
-    return std::find(texts.begin(), texts.end(), whole) != texts.end();
-}
-
 // Answers the box as a click on the given button would.
 inline void PressButton(HWND box, int buttonId) {
     PostMessageW(box, WM_COMMAND, MAKEWPARAM(buttonId, BN_CLICKED),

@@ -8,7 +8,8 @@
 
 namespace {
 
-TEST(ExeCore, KeepsCopiesOfTheIdentity) {
+// Copies of the identity it is given, overlong texts cut and terminated.
+TEST(ExeCore, KeepsCopiesOfTheIdentityCutToSize) {
     APIP_EXECORE core;
     wchar_t name[] = L"Lumivex";
     wchar_t commandLine[] = L"lmvx64.exe /BUILDINFO";
@@ -30,17 +31,14 @@ TEST(ExeCore, KeepsCopiesOfTheIdentity) {
     EXPECT_EQ(8212u, core.GetBuildNumber());
     EXPECT_STREQ(L"Sep 21 2008", core.GetBuildDate());
     EXPECT_STREQ(L"20:02:31", core.GetBuildTime());
-}
 
-TEST(ExeCore, OverlongTextsAreCutAndTerminated) {
-    APIP_EXECORE core;
     const std::wstring longName(500, L'n');
     const std::wstring longCommandLine(5000, L'c');
     core.Init(nullptr, longCommandLine.c_str(), SW_SHOW, longName.c_str(), longName.c_str(), nullptr, nullptr, 0);
-    const std::wstring name = core.GetAppName();
-    EXPECT_FALSE(name.empty());
-    EXPECT_LT(name.size(), longName.size());
-    EXPECT_EQ(longName.substr(0, name.size()), name);
+    const std::wstring cut = core.GetAppName();
+    EXPECT_FALSE(cut.empty());
+    EXPECT_LT(cut.size(), longName.size());
+    EXPECT_EQ(longName.substr(0, cut.size()), cut);
     EXPECT_LT(std::wcslen(core.GetCommandLine()), longCommandLine.size());
     EXPECT_STREQ(L"", core.GetAppCode());
 }

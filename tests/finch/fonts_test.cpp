@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 
 namespace {
 
@@ -30,7 +29,8 @@ TEST(LoadFont, KeepsFaceWidthAndHeight) {
     }
 }
 
-TEST(BoldFont, IsTheBoldMessageFont) {
+// The shared bold font is the bold message font; a window set to a font reports it.
+TEST(BoldFont, IsTheBoldMessageFontAndAWindowSetToAFontReportsIt) {
     ASSERT_NE(nullptr, APIP_hFontBold);
     NONCLIENTMETRICSW metrics = {};
     metrics.cbSize = sizeof(metrics);
@@ -39,9 +39,6 @@ TEST(BoldFont, IsTheBoldMessageFont) {
     EXPECT_STREQ(metrics.lfMessageFont.lfFaceName, description.lfFaceName);
     EXPECT_EQ(metrics.lfMessageFont.lfHeight, description.lfHeight);
     EXPECT_EQ(FW_BOLD, description.lfWeight);
-}
-
-TEST(SetWindowFont, WindowReportsTheFont) {
     finch::UniqueWindow label(CreateWindowExW(0, L"STATIC", L"General Information", WS_POPUP, 0, 0, 100, 20,
                                               nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
     ASSERT_TRUE(label);

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -12,11 +11,6 @@
 namespace {
 
 constexpr wchar_t Sentinel = L'#';
-
-template <size_t N>
-void FillWithSentinel(wchar_t (&buffer)[N]) {
-    std::fill(std::begin(buffer), std::end(buffer), Sentinel);
-}
 
 int FormatThroughVaList(wchar_t* buffer, size_t bytes, const wchar_t* format, ...) {
     va_list args;
@@ -62,7 +56,7 @@ TEST(FormatString, CutsAtEveryExactBufferSize) {
     for (size_t characters = 1; characters <= text.size() + 2; ++characters) {
         SCOPED_TRACE(characters);
         wchar_t buffer[16];
-        FillWithSentinel(buffer);
+        std::fill(std::begin(buffer), std::end(buffer), Sentinel);
         const int written = APIP_FormatString(buffer, characters * sizeof(wchar_t), L"%s", text.c_str());
         const size_t expectedLength = std::min(text.size(), characters - 1);
         EXPECT_EQ(static_cast<int>(expectedLength), written);
@@ -76,14 +70,14 @@ TEST(FormatString, CutsAtEveryExactBufferSize) {
 // terminator (left alone), room for the terminator only, a surrogate pair at the cut, no format.
 TEST(FormatString, EdgeSizesSurrogatesAndNullFormat) {
     wchar_t buffer[8];
-    FillWithSentinel(buffer);
+    std::fill(std::begin(buffer), std::end(buffer), Sentinel);
     EXPECT_EQ(5, APIP_FormatString(buffer, 6 * sizeof(wchar_t), L"%d", 12345));
     EXPECT_STREQ(L"12345", buffer);
-    FillWithSentinel(buffer);
+    std::fill(std::begin(buffer), std::end(buffer), Sentinel);
     EXPECT_EQ(2, APIP_FormatString(buffer, 7, L"%s", L"abcdef"));   // 7 bytes: three whole characters
     EXPECT_STREQ(L"ab", buffer);
     EXPECT_EQ(Sentinel, buffer[3]);
-    FillWithSentinel(buffer);
+    std::fill(std::begin(buffer), std::end(buffer), Sentinel);
     EXPECT_EQ(0, APIP_FormatString(buffer, 0, L"%s", L"abc"));
     EXPECT_EQ(0, APIP_FormatString(buffer, 1, L"%s", L"abc"));
     EXPECT_EQ(Sentinel, buffer[0]);
@@ -93,7 +87,7 @@ TEST(FormatString, EdgeSizesSurrogatesAndNullFormat) {
     // "a" and one character outside the basic plane (two UTF-16 units), with room for two units only.
     EXPECT_EQ(1, APIP_FormatString(buffer, 3 * sizeof(wchar_t), L"a%s", L"\U0001F600"));
     EXPECT_STREQ(L"a", buffer);
-    FillWithSentinel(buffer);
+    std::fill(std::begin(buffer), std::end(buffer), Sentinel);
     EXPECT_EQ(0, APIP_FormatString(buffer, sizeof(buffer), nullptr));
     EXPECT_EQ(L'\0', buffer[0]);
 }

@@ -1,10 +1,6 @@
 // Ids of the language module's test resources (lang_test.rc).
 #pragma once
 
-#ifndef IDC_STATIC
-#define IDC_STATIC (-1)
-#endif
-
 // Strings 100-102 exist in English and German; 103 only in English. 140 sits in a second block.
 #define IDS_TEST_GREETING 100
 #define IDS_TEST_UMLAUTS 101

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using namespace finch_test;
@@ -14,12 +16,12 @@ int Show(const wchar_t* title, const wchar_t* text, const wchar_t* caption) {
 
 TEST(MessageBoxWarning, HeadlineAboveMessageInOneTextAndOkForTheButtonAndEscape) {
     EXPECT_EQ(IDOK, ShowAndAnswer(Show, L"Call Stack failed.", L"Could not create call stack.", [](HWND box, const auto& texts) {
-        EXPECT_TRUE(AnyTextEquals(texts, L"Call Stack failed.\n\nCould not create call stack."));
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), L"Call Stack failed.\n\nCould not create call stack."), 1);
         PressButton(box, IDOK);
     }));
     // An empty headline leaves no blank lines; Escape is what the dialog manager sends as IDCANCEL.
     EXPECT_EQ(IDOK, ShowAndAnswer(Show, L"", L"Lumivex could not run the specified command.", [](HWND box, const auto& texts) {
-        EXPECT_TRUE(AnyTextEquals(texts, L"Lumivex could not run the specified command."));
+        EXPECT_EQ(std::count(texts.begin(), texts.end(), L"Lumivex could not run the specified command."), 1);
         PostMessageW(box, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
     }));
 }

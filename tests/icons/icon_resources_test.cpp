@@ -65,11 +65,6 @@ bool IsVivid(uint32_t argb) {
     return Alpha(argb) == 255 && std::max({r, g, b}) - std::min({r, g, b}) > 80;
 }
 
-TEST(IconResources, HeaderNamesDistinctIds) {
-    std::set<int> numbers;
-    for (const auto& icon : kIconIds) EXPECT_TRUE(numbers.insert(icon.id).second) << icon.id << " has two names";
-}
-
 // Its own image at both sizes, more than one opaque colour, and edges smoothed with real alpha.
 TEST(IconResources, EveryIconHasItsOwnColouredImageWithSmoothEdgesAtBothSizes) {
     for (const auto& icon : kIconIds) {

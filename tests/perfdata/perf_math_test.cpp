@@ -7,67 +7,45 @@
 namespace kestrel::perf {
 namespace {
 
-TEST(UsagePercent, ShareClampedAndSafeWithoutTime) {
+TEST(PerfMath, SharesClampedRatesOverTheMeasuredTimeAndKilobytesSaturated) {
+    constexpr uint32_t kMax32 = std::numeric_limits<uint32_t>::max();
     EXPECT_DOUBLE_EQ(UsagePercent(1, 4), 25.0);
     EXPECT_DOUBLE_EQ(UsagePercent(0, 0), 0.0);
     EXPECT_DOUBLE_EQ(UsagePercent(9, 4), 100.0);
-}
-
-TEST(BytesToKB, SaturatesAt32Bits) {
     EXPECT_EQ(BytesToKB(4096), 4u);
     EXPECT_EQ(BytesToKB(1023), 0u);
-    EXPECT_EQ(BytesToKB(std::numeric_limits<uint64_t>::max()), std::numeric_limits<uint32_t>::max());
-}
-
-TEST(RatePerSecond, OverTheMeasuredTime) {
+    EXPECT_EQ(BytesToKB(std::numeric_limits<uint64_t>::max()), kMax32);
     EXPECT_EQ(RatePerSecond(500, 500), 1000u);
     EXPECT_EQ(RatePerSecond(500, 0), 0u);
-    EXPECT_EQ(RatePerSecond(std::numeric_limits<uint32_t>::max(), 1), std::numeric_limits<uint32_t>::max());
+    EXPECT_EQ(RatePerSecond(kMax32, 1), kMax32);
 }
 
-SystemReading Reading(uint64_t tick, uint64_t idle, uint64_t kernel, uint64_t user, uint32_t switches) {
-    SystemReading reading;
-    reading.tickMs = tick;
-    reading.idleTime = idle;
-    reading.kernelTime = kernel;
-    reading.userTime = user;
-    reading.contextSwitches = switches;
-    return reading;
-}
-
-// The kernel time includes the idle time; no time passed is no usage, and counters going back count as no change.
-TEST(ComputeFigures, UsageOfTheTimeBetweenTwoReadings) {
+// The kernel time includes the idle time; no time passed is no usage, and counters going back count as no
+// change; context switches per second across the counter's wrap.
+TEST(ComputeFigures, UsageAndSwitchesOfTheTimeBetweenTwoReadings) {
     const struct {
         SystemReading before, after;
         double cpu, system;
+        uint32_t switches;
     } cases[] = {
         // 1000 units of processor time: 600 idle, 100 more in the kernel, 300 in user mode.
-        {Reading(0, 0, 0, 0, 0), Reading(1000, 600, 700, 300, 0), 40.0, 10.0},
-        {Reading(5, 10, 20, 30, 40), Reading(5, 10, 20, 30, 40), 0.0, 0.0},
-        {Reading(0, 500, 900, 900, 0), Reading(1000, 100, 100, 100, 0), 0.0, 0.0},
+        {{}, {.tickMs = 1000, .idleTime = 600, .kernelTime = 700, .userTime = 300}, 40.0, 10.0, 0},
+        {{5, 10, 20, 30, 40}, {5, 10, 20, 30, 40}, 0.0, 0.0, 0},
+        {{0, 500, 900, 900}, {1000, 100, 100, 100}, 0.0, 0.0, 0},
+        {{.tickMs = 1000, .contextSwitches = 0xFFFFFF00u}, {.tickMs = 1500, .contextSwitches = 0x100u}, 0, 0, 0x400},
     };
     for (const auto& c : cases) {
         const SystemFigures figures = ComputeFigures(c.before, c.after);
         EXPECT_DOUBLE_EQ(figures.cpuUsage, c.cpu) << c.after.kernelTime;
         EXPECT_DOUBLE_EQ(figures.systemCpuUsage, c.system) << c.after.kernelTime;
-        EXPECT_EQ(figures.contextSwitchesPerSecond, 0u);
+        EXPECT_EQ(figures.contextSwitchesPerSecond, c.switches) << c.after.contextSwitches;
     }
 }
 
-TEST(ComputeFigures, ContextSwitchesPerSecondAcrossTheCounterWrap) {
-    const SystemFigures figures =
-        ComputeFigures(Reading(1000, 0, 0, 0, 0xFFFFFF00u), Reading(1500, 0, 0, 0, 0x00000100u));
-    EXPECT_EQ(figures.contextSwitchesPerSecond, 0x200u * 2);
-}
-
 TEST(ComputeFigures, MemoryFromTheLaterReadingInKB) {
-    SystemReading later;
-    later.physicalTotalBytes = 8ull << 30;
-    later.physicalAvailableBytes = 3ull << 30;
-    later.commitTotalBytes = 5ull << 30;
-    later.commitLimitBytes = 16ull << 30;
-    later.systemCacheBytes = 1ull << 30;
-    later.processCount = 42;
+    const SystemReading later{.physicalTotalBytes = 8ull << 30, .physicalAvailableBytes = 3ull << 30,
+                              .commitTotalBytes = 5ull << 30, .commitLimitBytes = 16ull << 30,
+                              .systemCacheBytes = 1ull << 30, .processCount = 42};
     const SystemFigures figures = ComputeFigures(SystemReading{}, later);
     EXPECT_EQ(figures.physicalTotalKB, 8u << 20);
     EXPECT_EQ(figures.physicalAvailableKB, 3u << 20);

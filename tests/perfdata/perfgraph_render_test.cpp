@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -79,28 +80,20 @@ bool DrawFull(wren::PERFGRAPH& graph, HWND window, HDC dc) {
     return graph.RenderCloseEx(0) != 0;
 }
 
-class PerfGraphRenderSizes : public ::testing::TestWithParam<std::pair<int, int>> {};
-
-TEST_P(PerfGraphRenderSizes, BackgroundAboveLineOnItFillBelow) {
-    const auto [width, height] = GetParam();
-    PixelCanvas canvas(width, height);
-    ASSERT_TRUE(DrawFull(*HalfFullGraph(), nullptr, canvas.Dc()));
-    const int right = width - 1;
-    if (height < 20) {
-        EXPECT_EQ(canvas.Pixel(right, 0), kLine);   // one row: the line is all there is
-        return;
+TEST(PerfGraphRender, BackgroundAboveLineOnItFillBelowAtEverySize) {
+    for (const auto& [width, height] : {std::make_pair(151, 57), std::make_pair(1920, 1080), std::make_pair(1, 1)}) {
+        SCOPED_TRACE(std::to_string(width) + "x" + std::to_string(height));
+        PixelCanvas canvas(width, height);
+        ASSERT_TRUE(DrawFull(*HalfFullGraph(), nullptr, canvas.Dc()));
+        const int right = width - 1, lineRow = (height - 1) - (height - 1) / 2;
+        EXPECT_EQ(canvas.Pixel(right, lineRow), kLine);   // one row: the line is all there is
+        if (height < 20) continue;
+        EXPECT_EQ(canvas.Pixel(0, lineRow), kLine);            // the history spans the whole width
+        EXPECT_EQ(canvas.Pixel(right, 2), kBlack);              // above the line: background
+        EXPECT_EQ(canvas.Pixel(right, height - 3), kFill);      // below it: the fill
+        EXPECT_EQ(canvas.Pixel(right, height - 1), kFill);      // down to the bottom row
     }
-    const int lineRow = (height - 1) - (height - 1) / 2;
-    EXPECT_EQ(canvas.Pixel(right, lineRow), kLine);
-    EXPECT_EQ(canvas.Pixel(0, lineRow), kLine);            // the history spans the whole width
-    EXPECT_EQ(canvas.Pixel(right, 2), kBlack);              // above the line: background
-    EXPECT_EQ(canvas.Pixel(right, height - 3), kFill);      // below it: the fill
-    EXPECT_EQ(canvas.Pixel(right, height - 1), kFill);      // down to the bottom row
 }
-
-INSTANTIATE_TEST_SUITE_P(Sizes, PerfGraphRenderSizes,
-                         ::testing::Values(std::make_pair(1, 1), std::make_pair(151, 57),
-                                           std::make_pair(1920, 1080)));
 
 // The fingerprint stands for the pixels: what leaves every pixel as it was keeps it, what moves one pixel
 // changes it. Here a memory-like series (a scale of 16 GB in KB) on a pop-up-sized picture.
@@ -191,44 +184,39 @@ TestWindow MakeWindow(int width, int height) {
     return TestWindow(CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, width, height, nullptr, nullptr, nullptr, nullptr));
 }
 
-TEST(PerfGraphRender, IntoAWindowAtItsClientSizeAndRepaintedFromTheLastDrawing) {
-    TestWindow window = MakeWindow(173, 61);
-    ASSERT_NE(window, nullptr);
+// A window's drawing is of its client size and repainted from the last one; nothing to draw into gives no
+// DC, a graph never drawn has nothing to repaint, and Delete ends a drawing left open.
+TEST(PerfGraphRender, IntoAWindowAtItsClientSizeRepaintedFromTheLastDrawingAndNothingToDrawInto) {
+    TestWindow window = MakeWindow(173, 61), empty = MakeWindow(0, 0);
+    ASSERT_TRUE(window && empty);
     auto graph = HalfFullGraph();
+    PixelCanvas copy(173, 61);
+    EXPECT_EQ(graph->UpdateGraph(nullptr, copy.Dc(), 0), 0);
     HDC offScreen = graph->RenderOpen(window.get(), nullptr, 0);
     ASSERT_NE(offScreen, nullptr);
     BITMAP size{};
     ASSERT_NE(GetObjectW(GetCurrentObject(offScreen, OBJ_BITMAP), sizeof size, &size), 0);
-    EXPECT_EQ(size.bmWidth, 173);
-    EXPECT_EQ(size.bmHeight, 61);
+    EXPECT_EQ(std::make_pair(size.bmWidth, size.bmHeight), std::make_pair(173L, 61L));
     graph->RenderFill(kFill, 0);
     graph->RenderLine(kLine, 0);
     ASSERT_TRUE(graph->RenderClose());
-
-    PixelCanvas copy(173, 61);
     ASSERT_TRUE(graph->UpdateGraph(nullptr, copy.Dc(), 0));
     EXPECT_EQ(copy.Pixel(172, 30), kLine);
     EXPECT_EQ(copy.Pixel(172, 59), kFill);
-}
 
-TEST(PerfGraphRender, NothingToDrawIntoGivesNoDCAndDeleteEndsAnOpenDrawing) {
-    auto graph = HalfFullGraph();
-    TestWindow empty = MakeWindow(0, 0);
-    ASSERT_NE(empty, nullptr);
     EXPECT_EQ(graph->RenderOpen(empty.get(), nullptr, 0), nullptr);
     const HWND gone = MakeWindow(50, 50).get();
     EXPECT_EQ(graph->RenderOpen(gone, nullptr, 0), nullptr);
     EXPECT_EQ(graph->UpdateGraph(gone, nullptr, 0), 0);
     EXPECT_EQ(graph->UpdateGraph(nullptr, nullptr, 0), 0);
-    // A graph that was never drawn has nothing to repaint; Delete ends a drawing left open.
-    PixelCanvas canvas(10, 10);
-    EXPECT_EQ(graph->UpdateGraph(nullptr, canvas.Dc(), 0), 0);
-    ASSERT_NE(graph->RenderOpen(nullptr, canvas.Dc(), 0), nullptr);
+    ASSERT_NE(graph->RenderOpen(nullptr, copy.Dc(), 0), nullptr);
     EXPECT_EQ(graph->Delete(), 1);
     EXPECT_EQ(graph->RenderClose(), 0);
 }
 
-TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
+// Drawn at changing sizes, then fed and drawn on one thread while another repaints and draws (the sampler
+// and the UI thread of the pop-up): every drawing succeeds and no GDI object outlives the graph.
+TEST(PerfGraphRender, RepeatedAndConcurrentDrawingsAtChangingSizesLeakNoGdiObject) {
     const long before = wren::GetPerfGraphGdiObjectCount();
     const long failuresBefore = wren::GetPerfGraphGdiFreeFailures();
     {
@@ -245,18 +233,8 @@ TEST(PerfGraphRender, RepeatedDrawingsAtChangingSizesLeakNoGdiObject) {
             graph->UpdateGraph(window.get(), nullptr, 0);
         }
         EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), heldAfterTwo);   // the same bitmaps, reused or replaced
-    }
-    EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
-    EXPECT_EQ(wren::GetPerfGraphGdiFreeFailures(), failuresBefore);
-}
 
-TEST(PerfGraphRender, FedAndDrawnOnOneThreadWhileAnotherRepaintsAndDraws) {
-    // The sampler feeds and draws the pop-up graph while the UI thread repaints it and draws it for WM_DRAWITEM.
-    const long before = wren::GetPerfGraphGdiObjectCount();
-    {
-        auto graph = HalfFullGraph();
-        TestWindow window = MakeWindow(160, 80);
-        ASSERT_NE(window, nullptr);
+        SetWindowPos(window.get(), nullptr, 0, 0, 160, 80, SWP_NOZORDER | SWP_NOMOVE);
         std::atomic<int> failures{0};
         std::thread sampler([&] {
             const unsigned start = GetTickCount();
@@ -274,6 +252,7 @@ TEST(PerfGraphRender, FedAndDrawnOnOneThreadWhileAnotherRepaintsAndDraws) {
         EXPECT_EQ(graph->GetPointCount(0), graph->GetPointCapacity());
     }
     EXPECT_EQ(wren::GetPerfGraphGdiObjectCount(), before);
+    EXPECT_EQ(wren::GetPerfGraphGdiFreeFailures(), failuresBefore);
 }
 
 }  // namespace

@@ -1,20 +1,12 @@
 // PERFGRAPH through the library: series registration, feeding, scaling and the contract's edge cases.
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "wren.h"
 
 namespace {
 
 constexpr unsigned kSpan = 180000;
 constexpr unsigned kInterval = 500;
-
-std::wstring SeriesName(const wren::PERFGRAPH& graph, unsigned series) {
-    wchar_t buffer[64] = {};
-    graph.GetSeriesName(series, buffer, 64);
-    return buffer;
-}
 
 TEST(PerfGraphSeries, EveryOperationFailsBeforeInit) {
     wren::PERFGRAPH graph;
@@ -27,17 +19,26 @@ TEST(PerfGraphSeries, EveryOperationFailsBeforeInit) {
     EXPECT_EQ(graph.GetPointCapacity(), 0u);
 }
 
-TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeriesAndSeriesOutsideAreRefused) {
+// Series 1 scales to its set maximum, series 2 to the peak of its kept points, series 0 is never fed.
+TEST(PerfGraphSeries, ThreeMinutesAtHalfASecondIs360PointsPerSeriesScaledAndSeriesOutsideRefused) {
     wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(kSpan, kInterval, 3), 0);
     EXPECT_EQ(graph.GetSeriesCount(), 3u);
     EXPECT_EQ(graph.GetPointCapacity(), kSpan / kInterval);
+    graph.SetScaleMax(100, 1);
     const unsigned start = GetTickCount();
-    for (unsigned i = 0; i <= kSpan / kInterval + 10; ++i) graph.SetDataPoint(i, start + i * kInterval, 1);
+    for (unsigned i = 0; i <= kSpan / kInterval + 10; ++i) {
+        graph.SetDataPoint(i, start + i * kInterval, 1);
+        graph.SetDataPoint(4711 - i, start + i * kInterval, 2);
+    }
     EXPECT_EQ(graph.GetPointCount(1), kSpan / kInterval);
     EXPECT_EQ(graph.GetPoint(1, 0), kSpan / kInterval + 10);
     EXPECT_EQ(graph.GetPoint(1, kSpan / kInterval - 1), 11u);   // points older than the span are gone
     EXPECT_EQ(graph.GetPointCount(0), 0u);                      // series are independent
+    EXPECT_EQ(graph.GetScaleMax(1), 100u);
+    EXPECT_EQ(graph.GetScaleTop(1), 100u);
+    EXPECT_EQ(graph.GetScaleMax(2), 0u);
+    EXPECT_EQ(graph.GetScaleTop(2), 4711u - 11);   // the oldest point kept, not one dropped, not the newest
     EXPECT_EQ(graph.SetDataPoint(1, 0, 3), 0);
     EXPECT_EQ(graph.SetRegisterDisplayInfo(L"x", L"y", 1, 0, 3), 0);
     EXPECT_EQ(graph.SetScaleMax(5, 3), 0);
@@ -48,8 +49,9 @@ TEST(PerfGraphSeries, DisplayInfoNamesCutToTheBufferAndTheDivisor) {
     wren::PERFGRAPH graph;
     ASSERT_NE(graph.Init(kSpan, kInterval, 2), 0);
     ASSERT_NE(graph.SetRegisterDisplayInfo(L"Physical Memory", L"MB", 1024, RGB(0, 255, 0), 0), 0);
-    EXPECT_EQ(SeriesName(graph, 0), L"Physical Memory");
-    wchar_t unit[8] = {};
+    wchar_t name[64] = {}, unit[8] = {}, small[8];
+    graph.GetSeriesName(0, name, 64);
+    EXPECT_STREQ(name, L"Physical Memory");
     graph.GetSeriesUnit(0, unit, 8);
     EXPECT_STREQ(unit, L"MB");
     EXPECT_EQ(graph.GetSeriesColour(0), RGB(0, 255, 0));
@@ -58,27 +60,10 @@ TEST(PerfGraphSeries, DisplayInfoNamesCutToTheBufferAndTheDivisor) {
     EXPECT_EQ(graph.GetDisplayValue(0), 3u);
 
     graph.SetRegisterDisplayInfo(L"Context Switches", L"/s", 0, 0, 1);
-    wchar_t small[8];
     ASSERT_NE(graph.GetSeriesName(1, small, 8), 0);
     EXPECT_STREQ(small, L"Context");
     graph.SetDataPoint(77, GetTickCount(), 1);
     EXPECT_EQ(graph.GetDisplayValue(1), 77u) << "a divisor of 0 shows the fed value";
-}
-
-TEST(PerfGraphSeries, ScaleMaximumOrOwnPeak) {
-    wren::PERFGRAPH graph;
-    ASSERT_NE(graph.Init(kSpan, kInterval, 2), 0);
-    graph.SetScaleMax(100, 0);
-    const unsigned start = GetTickCount();
-    const unsigned values[] = {12, 4711, 30};
-    for (unsigned i = 0; i < 3; ++i) {
-        graph.SetDataPoint(values[i], start + i * kInterval, 0);
-        graph.SetDataPoint(values[i], start + i * kInterval, 1);
-    }
-    EXPECT_EQ(graph.GetScaleMax(0), 100u);
-    EXPECT_EQ(graph.GetScaleTop(0), 100u);
-    EXPECT_EQ(graph.GetScaleMax(1), 0u);
-    EXPECT_EQ(graph.GetScaleTop(1), values[1]);
 }
 
 TEST(PerfGraphSeries, AnEmptyGraphOfNoSeriesCanBeDrawnAndDeletedAndInitAgainStartsOver) {

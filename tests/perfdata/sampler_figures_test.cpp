@@ -5,14 +5,11 @@
 namespace lmvx::perf {
 namespace {
 
-TEST(UsagePoint, TruncatesTowardZero) {
+TEST(SamplerFigures, UsageTruncatesTowardZeroAndUsedMemoryNeverBelowZero) {
     EXPECT_EQ(UsagePoint(99.9), 99u);
     EXPECT_EQ(UsagePoint(0.99), 0u);
     EXPECT_EQ(UsagePoint(100.0), 100u);
     EXPECT_EQ(UsagePoint(-3.0), 0u);
-}
-
-TEST(UsedPhysicalKB, TotalMinusAvailableNeverBelowZero) {
     EXPECT_EQ(UsedPhysicalKB(8000, 3000), 5000u);
     EXPECT_EQ(UsedPhysicalKB(3000, 8000), 0u);
 }

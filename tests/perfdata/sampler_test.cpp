@@ -1,19 +1,11 @@
 // The sampler step with the program's graphs: series as registered, one point per series per sample.
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "message_pump.h"
 #include "perf/sampler.h"
 
 namespace lmvx::perf {
 namespace {
-
-std::wstring Name(const wren::PERFGRAPH& graph, unsigned series) {
-    wchar_t buffer[64] = {};
-    graph.GetSeriesName(series, buffer, 64);
-    return buffer;
-}
 
 class SamplerTest : public ::testing::Test {
 protected:
@@ -47,16 +39,17 @@ TEST_F(SamplerTest, SeriesAsRegisteredMemoryInMBScaledToTheStartUpFigures) {
         {memory, kSystemCacheSeries, L"System Cache", 0, counters.GetPhysicalMemoryTotalKB()},
     };
     for (const auto& e : expected) {
-        EXPECT_EQ(Name(e.graph, e.series), e.name);
+        wchar_t name[64] = {};
+        e.graph.GetSeriesName(e.series, name, 64);
+        EXPECT_STREQ(name, e.name);
         EXPECT_EQ(e.graph.GetScaleMax(e.series), e.scale) << e.series;
         if (&e.graph == &cpu) {
             EXPECT_EQ(e.graph.GetSeriesColour(e.series), e.colour) << e.series;
+            continue;
         }
-    }
-    for (unsigned series = 0; series < kSeriesCount; ++series) {
-        EXPECT_EQ(memory.GetDisplayDivisor(series), 1024u);
+        EXPECT_EQ(e.graph.GetDisplayDivisor(e.series), 1024u);
         wchar_t unit[8] = {};
-        memory.GetSeriesUnit(series, unit, 8);
+        e.graph.GetSeriesUnit(e.series, unit, 8);
         EXPECT_STREQ(unit, L"MB");
     }
 }

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cwchar>
 #include <cwctype>
 #include <map>
 
@@ -166,15 +165,6 @@ TEST_P(MenuInLanguage, RebuiltPopupsSitWhereTheProgramLooksForThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothLanguages, MenuInLanguage, ::testing::Values(kEnglish, kGerman));
-
-TEST(MnemonicOf, TheKeyAfterTheAmpersandNotLiteralAmpersandsOrAccelerators) {
-    const std::pair<const wchar_t*, wchar_t> cases[] = {
-        {L"&File", L'f'},       {L"Sort by C&ompany Name", L'o'}, {L"Fenster &schlie\u00dfen", L's'},
-        {L"Save && Quit", 0},   {L"A && &B", L'b'},               {L"Low\t&1 Second", 0},
-        {L"trailing&", 0},
-    };
-    for (const auto& [text, key] : cases) EXPECT_EQ(MnemonicOf(text), key) << std::string(text, text + std::wcslen(text));
-}
 
 }  // namespace
 }  // namespace lmvx::restest

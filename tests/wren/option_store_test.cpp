@@ -57,10 +57,9 @@ TEST_F(OptionStore, DefaultsUntilWrittenThenTheLastWriteInTheSettingsKeyWithItsR
     EXPECT_EQ(buffer, written);
 
     EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\WrenOptionStoreTests\\Settings");
-    const DWORD five = 500;
     const std::pair<const wchar_t*, RawValue> stored[] = {
         {L"SomeFlag", {true, REG_DWORD, {0, 0, 0, 0}}},
-        {L"SomeNumber", {true, REG_DWORD, std::vector<BYTE>(reinterpret_cast<const BYTE*>(&five), reinterpret_cast<const BYTE*>(&five + 1))}},
+        {L"SomeNumber", {true, REG_DWORD, {0xF4, 0x01, 0, 0}}},   // 500, little-endian
         {L"SomeBlock", {true, REG_BINARY, std::vector<BYTE>(written.begin(), written.end())}},
     };
     for (const auto& [name, expected] : stored) {
@@ -97,8 +96,9 @@ TEST_F(OptionStore, ReadsFollowTheKeyWhenOthersChangeDeleteOrRecreateIt) {
     EXPECT_EQ(bytesRead, 10u);
 }
 
-// A value of another type than the option's reads as the option's default (or as no block).
-TEST_F(OptionStore, AValueOfTheWrongTypeReadsAsTheDefault) {
+// A value of another type than the option's reads as the option's default (or as no block); a shorter block
+// is read and seen by its size, a longer one reads nothing and leaves the buffer alone.
+TEST_F(OptionStore, AValueOfTheWrongTypeReadsAsTheDefaultAndBlocksOfOtherSizesAreSeenByTheirSize) {
     const std::wstring text = L"1";
     ASSERT_TRUE(WriteRawValue(L"UpdateInterval", REG_SZ, text.c_str(),
                               static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
@@ -113,16 +113,13 @@ TEST_F(OptionStore, AValueOfTheWrongTypeReadsAsTheDefault) {
     unsigned bytesRead = 99;
     store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
     EXPECT_EQ(bytesRead, 0u);
-}
 
-// A shorter block is read and seen by its size; a longer one reads nothing and leaves the buffer alone.
-TEST_F(OptionStore, BlocksOfOtherSizesAreSeenByTheirSize) {
     for (unsigned size : {48u, 56u}) {
         const std::vector<BYTE> stored(size, 0x5a);
         store_.SetOptionBINARY(L"TaskListColumns", stored.data(), size);
         const Block untouched = PatternBlock(9);
-        Block buffer = untouched;
-        unsigned bytesRead = 77;
+        buffer = untouched;
+        bytesRead = 77;
         store_.GetOptionBINARY(L"TaskListColumns", buffer.data(), sizeof(buffer), &bytesRead);
         EXPECT_EQ(bytesRead, size <= sizeof(buffer) ? size : 0u) << size;
         if (size > sizeof(buffer)) { EXPECT_EQ(buffer, untouched); }

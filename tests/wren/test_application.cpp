@@ -6,19 +6,12 @@ bool WriteRawValue(const wchar_t* name, DWORD type, const void* data, DWORD size
     return RegSetKeyValueW(HKEY_CURRENT_USER, wren::GetSettingsKeyPath(), name, type, data, size) == ERROR_SUCCESS;
 }
 
-RawValue ReadRawValue(const wchar_t* name) {
+RawValue ReadRawValue(const wchar_t* name) {   // the options' values are all small
     RawValue value;
-    DWORD size = 0;
-    if (RegGetValueW(HKEY_CURRENT_USER, wren::GetSettingsKeyPath(), name, RRF_RT_ANY | RRF_NOEXPAND, &value.type,
-                     nullptr, &size) != ERROR_SUCCESS)
-        return value;
-    value.bytes.resize(size);
+    BYTE data[1024];
+    DWORD size = sizeof data;
     value.exists = RegGetValueW(HKEY_CURRENT_USER, wren::GetSettingsKeyPath(), name, RRF_RT_ANY | RRF_NOEXPAND,
-                                &value.type, value.bytes.data(), &size) == ERROR_SUCCESS;
-    value.bytes.resize(size);
+                                &value.type, data, &size) == ERROR_SUCCESS;
+    if (value.exists) value.bytes.assign(data, data + size);
     return value;
-}
-
-void DeleteRawValue(const wchar_t* name) {
-    RegDeleteKeyValueW(HKEY_CURRENT_USER, wren::GetSettingsKeyPath(), name);
 }

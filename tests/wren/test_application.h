@@ -18,4 +18,3 @@ struct RawValue {
 // Direct registry access to the option store's key, bypassing the store.
 bool WriteRawValue(const wchar_t* name, DWORD type, const void* data, DWORD size);
 RawValue ReadRawValue(const wchar_t* name);
-void DeleteRawValue(const wchar_t* name);

@@ -7,22 +7,11 @@
 
 namespace {
 
-RECT WindowRectOf(HWND window) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return rect;
-}
-
-RECT WorkArea() {
-    RECT workArea{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &workArea, 0);
-    return workArea;
-}
-
 // Over a shown window, on the work area without one, and near the work area's edge: where the centring
 // arithmetic (tested on its own) puts the window, and at its own size.
 TEST(CenterWindow, CentresOverTheShownWindowOrTheWorkAreaAndStaysOnIt) {
-    const RECT area = WorkArea();
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     const int width = (area.right - area.left) / 3, height = (area.bottom - area.top) / 3;
     const RECT middle{area.left + width / 4, area.top + height / 4, area.left + width / 4 + 2 * width,
                       area.top + height / 4 + 2 * height};
@@ -34,7 +23,8 @@ TEST(CenterWindow, CentresOverTheShownWindowOrTheWorkAreaAndStaysOnIt) {
                                   : UniqueWindow();
         UniqueWindow window = CreateTopLevel(area.left, area.top, width, height);
         wren::CenterWindow(window.get(), shown.get());
-        const RECT placed = WindowRectOf(window.get());
+        RECT placed{};
+        GetWindowRect(window.get(), &placed);
         const RECT target = over ? *over : area;
         const wren::Position expected =
             wren::CenteredPosition({placed.left, placed.top, placed.right, placed.bottom},
@@ -56,10 +46,13 @@ LOGFONTW Describe(HFONT font) {
 
 HFONT FontOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
 
-TEST(Embold, GivesTheControlABoldCopyOfItsFont) {
+// Embold gives a control a bold copy of its font, one shared by all; EmStaticEdge adds the static edge and
+// keeps the other extended styles.
+TEST(EmboldAndEmStaticEdge, BoldCopyOfTheFontAndTheStaticEdgeKeepingTheOtherStyles) {
     UniqueWindow parent = CreateTopLevel(0, 0, 300, 200);
     HWND first = CreateChild(parent.get(), L"STATIC", 1003, SS_LEFT, L"Lumivex has encountered a problem.");
     HWND second = CreateChild(parent.get(), L"STATIC", 1004, SS_LEFT, L"headline");
+    HWND edged = CreateChild(parent.get(), L"STATIC", 1002, SS_LEFT, L"message");
     HFONT normal = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     SendMessageW(first, WM_SETFONT, reinterpret_cast<WPARAM>(normal), FALSE);
     SendMessageW(second, WM_SETFONT, reinterpret_cast<WPARAM>(normal), FALSE);
@@ -72,16 +65,10 @@ TEST(Embold, GivesTheControlABoldCopyOfItsFont) {
     EXPECT_EQ(Describe(FontOf(first)).lfWeight, FW_BOLD);
     EXPECT_STREQ(Describe(FontOf(first)).lfFaceName, Describe(normal).lfFaceName);
     EXPECT_EQ(FontOf(first), FontOf(second)) << "one bold font shared, not one per call";
-}
 
-TEST(EmStaticEdge, AddsTheStaticEdgeAndKeepsTheOtherStyles) {
-    UniqueWindow parent = CreateTopLevel(0, 0, 300, 200);
-    HWND control = CreateChild(parent.get(), L"STATIC", 1002, SS_LEFT, L"message");
-    SetWindowLongPtrW(control, GWL_EXSTYLE, GetWindowLongPtrW(control, GWL_EXSTYLE) | WS_EX_TRANSPARENT);
-
+    SetWindowLongPtrW(edged, GWL_EXSTYLE, GetWindowLongPtrW(edged, GWL_EXSTYLE) | WS_EX_TRANSPARENT);
     wren::EmStaticEdge(parent.get(), 1002);
-
-    const LONG_PTR exStyle = GetWindowLongPtrW(control, GWL_EXSTYLE);
+    const LONG_PTR exStyle = GetWindowLongPtrW(edged, GWL_EXSTYLE);
     EXPECT_TRUE(exStyle & WS_EX_STATICEDGE);
     EXPECT_TRUE(exStyle & WS_EX_TRANSPARENT);
 }

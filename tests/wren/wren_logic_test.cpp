@@ -42,7 +42,10 @@ constexpr LanguageId kGermanSwitzerland = 0x0807;
 constexpr LanguageId kGermanAustria = 0x0c07;
 constexpr LanguageId kFrench = 0x040c;
 
+// The texts of a choice: German for any German, English otherwise and when the German one is missing.
 TEST(LanguageChoice, EveryEnglishIsEnglishEveryGermanGermanTheRestNoChoiceAndSuggestedEnglish) {
+    const wchar_t* english = L"Close";
+    const wchar_t* german = L"Schlie\u00dfen";
     const struct {
         unsigned long language;
         LanguageId supported, suggested;
@@ -58,17 +61,10 @@ TEST(LanguageChoice, EveryEnglishIsEnglishEveryGermanGermanTheRestNoChoiceAndSug
     for (const auto& c : cases) {
         EXPECT_EQ(SupportedLanguage(c.language), c.supported) << c.language;
         EXPECT_EQ(SuggestedLanguage(static_cast<LanguageId>(c.language)), c.suggested) << c.language;
+        const LanguageId language = static_cast<LanguageId>(c.language);
+        EXPECT_EQ(PickLanguageText(language, english, german), c.supported == kLanguageGerman ? german : english) << c.language;
     }
     EXPECT_EQ(SupportedLanguage(0x10000ul | kLanguageGerman), 0);   // not a 16-bit language id at all
-}
-
-TEST(PickLanguageText, GermanTextForAnyGermanEnglishOtherwiseAndWhenGermanIsMissing) {
-    const wchar_t* english = L"Close";
-    const wchar_t* german = L"Schlie\u00dfen";
-    EXPECT_EQ(PickLanguageText(kLanguageGerman, english, german), german);
-    EXPECT_EQ(PickLanguageText(kGermanSwitzerland, english, german), german);
-    EXPECT_EQ(PickLanguageText(kLanguageEnglish, english, german), english);
-    EXPECT_EQ(PickLanguageText(kFrench, english, german), english);
     EXPECT_EQ(PickLanguageText(kLanguageGerman, english, nullptr), english);
 }
 
@@ -93,9 +89,7 @@ TEST(StoredValue, OnlyAFourByteDwordIsStoredValueAndOnlyBinaryUpToTheBufferFits)
     EXPECT_FALSE(BinaryBlockFits(kStoredTypeBinary, 56, 52));
     EXPECT_FALSE(BinaryBlockFits(kStoredTypeDword, 4, 52));
     EXPECT_FALSE(BinaryBlockFits(kTypeString, 52, 52));
-}
-
-TEST(SettingsKeyPath, CompanyThenApplicationThenSettingsAndNoKeyWithoutAName) {
+    // The key: company, then application, then Settings; none without a name.
     EXPECT_EQ(SettingsKeyPath(L"Lumivex"), L"Software\\Orvane Software\\Lumivex\\Settings");
     EXPECT_TRUE(SettingsKeyPath(L"").empty());
 }
