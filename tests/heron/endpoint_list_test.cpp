@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -39,9 +38,7 @@ public:
     ~Socket() { Close(); }
     SOCKET Get() const { return socket_; }
     explicit operator bool() const { return socket_ != INVALID_SOCKET; }
-    void Close() {
-        if (socket_ != INVALID_SOCKET) closesocket(std::exchange(socket_, INVALID_SOCKET));
-    }
+    void Close() { socket_ != INVALID_SOCKET && closesocket(std::exchange(socket_, INVALID_SOCKET)); }
 
 private:
     SOCKET socket_;
@@ -81,10 +78,8 @@ std::vector<_CONNECTIONOBJECT> ItemsOf(const _CONNECTIONLIST& list) {
 
 std::optional<_CONNECTIONOBJECT> FindByPorts(const _CONNECTIONLIST& list, int protocol, unsigned localPort,
                                              unsigned remotePort) {
-    for (const _CONNECTIONOBJECT& item : ItemsOf(list)) {
-        if (item.GetProtocol() == protocol && item.GetLocalPort() == localPort && item.GetRemotePort() == remotePort)
-            return item;
-    }
+    for (const _CONNECTIONOBJECT& item : ItemsOf(list))
+        if (item.GetProtocol() == protocol && item.GetLocalPort() == localPort && item.GetRemotePort() == remotePort) return item;
     return std::nullopt;
 }
 
@@ -132,17 +127,6 @@ protected:
     EndpointOwner owner_;
     _CONNECTIONLIST list_;
 };
-
-using Identity = std::tuple<int, unsigned, unsigned, unsigned, unsigned>;
-
-std::map<Identity, unsigned> IdsByIdentity(const _CONNECTIONLIST& list) {
-    std::map<Identity, unsigned> ids;
-    for (const _CONNECTIONOBJECT& item : ItemsOf(list)) {
-        ids[{item.GetProtocol(), item.GetLocalAddress(), item.GetLocalPort(), item.GetRemoteAddress(),
-             item.GetRemotePort()}] = item.GetGenericID();
-    }
-    return ids;
-}
 
 TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
     if (owner_.ownersReported) {
@@ -196,18 +180,19 @@ TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
         distinct.insert(item.GetGenericID());
     }
     EXPECT_EQ(items.size(), distinct.size());
-    const auto first = IdsByIdentity(list_);
+    // The ids of this test's own endpoints hold from one query to the next (other programs' sockets, listed
+    // where owners are not reported, come and go between the two).
+    const auto ownIds = [&] {
+        std::vector<unsigned> ids;
+        for (const auto& [protocol, local, remote] : {std::tuple{kProtocolTcp, listenerPort_, 0u},
+                                                     {kProtocolTcp, clientPort_, listenerPort_},
+                                                     {kProtocolTcp, listenerPort_, clientPort_}, {kProtocolUdp, udpPort_, 0u}})
+            ids.push_back(FindByPorts(list_, protocol, local, remote).value_or(_CONNECTIONOBJECT()).GetGenericID());
+        return ids;
+    };
+    const auto first = ownIds();
     ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
-    const auto second = IdsByIdentity(list_);
-    for (const auto& [identity, id] : first) {
-        // Only this test's own sockets: where owners are not reported the list holds every process's endpoints,
-        // and other programs' sockets come and go between the two queries.
-        const unsigned port = std::get<2>(identity);
-        if (port != listenerPort_ && port != clientPort_ && port != udpPort_) continue;
-        const auto again = second.find(identity);
-        ASSERT_NE(second.end(), again) << "endpoint vanished between two queries";
-        EXPECT_EQ(id, again->second);
-    }
+    EXPECT_EQ(first, ownIds());
 
     udp_.Close();
     ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));

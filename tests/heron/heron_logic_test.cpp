@@ -7,11 +7,10 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
-#include <iterator>
-#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "byte_order.h"
@@ -70,28 +69,18 @@ TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWha
     EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(expected));
 }
 
-TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrder) {
+TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrderKeepingWhatIsThere) {
     struct {
         DWORD dwNumEntries = 3;
         MIB_TCPROW_OWNER_PID table[3] = {};
     } rows;
-    const DWORD owners[] = {100, 200, 100}, ports[] = {1001, 2001, 1002};
-    for (int i = 0; i < 3; ++i) {
-        rows.table[i].dwOwningPid = owners[i];
-        rows.table[i].dwLocalPort = htons(static_cast<u_short>(ports[i]));
-    }
-    const auto portsOf = [](const std::vector<Endpoint>& endpoints) {
-        std::vector<std::uint32_t> seen;
-        for (const Endpoint& endpoint : endpoints) seen.push_back(endpoint.localPort);
-        return seen;
-    };
+    const DWORD owners[] = {100, 200, 100};
+    for (DWORD i = 0; i < 3; ++i) rows.table[i] = {.dwLocalPort = htons(static_cast<u_short>(1000 + i)), .dwOwningPid = owners[i]};
     std::vector<Endpoint> endpoints;
-    AppendRowsOwnedBy(rows, 100, endpoints);
-    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002}));
-    AppendRowsOwnedBy(rows, 200, endpoints);   // appends, keeps what is there
-    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002, 2001}));
-    AppendRowsOwnedBy(rows, 300, endpoints);
-    EXPECT_EQ(endpoints.size(), 3u);
+    for (DWORD owner : {100, 200, 300}) AppendRowsOwnedBy(rows, owner, endpoints);
+    std::vector<std::uint32_t> ports;
+    for (const Endpoint& endpoint : endpoints) ports.push_back(endpoint.localPort);
+    EXPECT_EQ(ports, (std::vector<std::uint32_t>{1000, 1002, 1001}));
 }
 
 // Packed IPv4 values are the system's in_addr; an address is unspecified only when every byte is zero.
@@ -138,12 +127,10 @@ TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
 TEST(CopyHostname, CopiesWhatFitsTerminatedAndClearsForAnEmptyName) {
     wchar_t field[6];
     std::fill(std::begin(field), std::end(field), L'#');
-    CopyHostname(field, std::size(field), L"host");
-    EXPECT_EQ(std::wstring(L"host"), field);
-    CopyHostname(field, std::size(field), L"abcdefghij");
-    EXPECT_EQ(std::wstring(L"abcde"), field);
-    CopyHostname(field, std::size(field), L"");
-    EXPECT_EQ(std::wstring(), field);
+    for (const auto& [name, copied] : {std::pair{L"host", L"host"}, {L"abcdefghij", L"abcde"}, {L"", L""}}) {
+        CopyHostname(field, std::size(field), name);
+        EXPECT_EQ(std::wstring(copied), field);
+    }
 }
 
 Endpoint SampleEndpoint() {
@@ -199,37 +186,27 @@ TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctI
     EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
 }
 
-// Two different endpoints whose hashes collide, found by a deterministic search over pseudo-random owners
-// and ports (a 32-bit hash has colliding pairs among a few hundred thousand inputs).
-std::optional<std::pair<Endpoint, Endpoint>> FindCollision() {
-    constexpr std::uint32_t kCandidates = 300000;
+// Two different endpoints whose hashes collide, found by a deterministic search over owners and ports (a 32-bit
+// hash has colliding pairs among a few hundred thousand inputs); two empty endpoints when there is none.
+std::pair<Endpoint, Endpoint> FindCollision() {
     const auto candidate = [](std::uint32_t index) {
         Endpoint endpoint = SampleEndpoint();
-        std::uint32_t state = index;
-        for (int round = 0; round < 3; ++round) state = state * 1664525u + 1013904223u;   // LCG steps
-        endpoint.processId = state;
-        endpoint.localPort = (state >> 7) & 0xFFFF;
-        endpoint.remotePort = index & 0xFFFF;
+        endpoint.processId = index * 2654435761u;   // a different owner for every index
+        endpoint.localPort = index & 0xFFFF;
+        endpoint.remotePort = index >> 16;
         return endpoint;
     };
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> hashes;   // hash, candidate index
-    hashes.reserve(kCandidates);
-    for (std::uint32_t index = 0; index < kCandidates; ++index) {
-        hashes.emplace_back(ComputeGenericID(candidate(index)), index);
+    std::unordered_map<std::uint32_t, std::uint32_t> seen;   // hash, candidate index
+    for (std::uint32_t index = 0; index < 2000000; ++index) {
+        const auto [earlier, added] = seen.emplace(ComputeGenericID(candidate(index)), index);
+        if (!added) return {candidate(earlier->second), candidate(index)};
     }
-    std::sort(hashes.begin(), hashes.end());
-    for (std::size_t i = 1; i < hashes.size(); ++i) {
-        if (hashes[i].first == hashes[i - 1].first) {
-            return std::make_pair(candidate(hashes[i - 1].second), candidate(hashes[i].second));
-        }
-    }
-    return std::nullopt;
+    return {};
 }
 
 TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
-    const auto collision = FindCollision();
-    ASSERT_TRUE(collision.has_value()) << "no colliding pair in the search range";
-    const auto& [first, second] = *collision;
+    const auto [first, second] = FindCollision();
+    ASSERT_NE(first.processId, second.processId) << "no colliding pair in the search range";
     ASSERT_EQ(ComputeGenericID(first), ComputeGenericID(second));
 
     const auto forward = AssignGenericIDs({first, second});

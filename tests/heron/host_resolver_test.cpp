@@ -10,6 +10,7 @@
 #include <future>
 #include <string>
 
+#include "message_pump.h"
 #include "name_cache.h"
 
 namespace heron {
@@ -19,16 +20,6 @@ AddressKey TestAddress(std::uint8_t last) {
     AddressKey key;
     key.address = {192, 0, 2, last};   // documentation range: never a real host
     return key;
-}
-
-// Waits (bounded) until the name cache knows the address.
-bool WaitUntilCached(const AddressKey& key, std::wstring& name) {
-    constexpr int kRounds = 200;
-    for (int round = 0; round < kRounds; ++round) {
-        if (FindCachedName(key, name)) return true;
-        Sleep(25);
-    }
-    return false;
 }
 
 TEST(HostResolver, ReturnsWhileALookupIsStillRunning) {
@@ -48,7 +39,7 @@ TEST(HostResolver, ReturnsWhileALookupIsStillRunning) {
     EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
 
     release.set_value();
-    ASSERT_TRUE(WaitUntilCached(key, name));
+    ASSERT_TRUE(lmvx_test::PollUntil([&] { return FindCachedName(key, name); }));
     EXPECT_EQ(std::wstring(L"slow.example"), name);
 }
 

@@ -25,7 +25,7 @@ const DriveDevice kDrives[] = {
 };
 
 // Each native path's DOS form, and whether that form is a file or folder on a drive.
-TEST(DosPath, NativePathsBecomeDrivePaths) {
+TEST(DosPath, NativePathsBecomeDrivePathsAndRegistryRootsShortNames) {
     struct Case {
         const wchar_t* native;
         const wchar_t* dos;
@@ -50,9 +50,7 @@ TEST(DosPath, NativePathsBecomeDrivePaths) {
         EXPECT_EQ(NativeToDosPath(c.native, kDrives), c.dos) << c.native;
         EXPECT_EQ(IsDrivePath(c.dos), c.onDrive) << c.dos;
     }
-}
-
-TEST(DosPath, RegistryRootsGetTheirShortNames) {
+    // Registry roots get their short names.
     EXPECT_EQ(RegistryDisplayPath(L"\\REGISTRY\\MACHINE\\SOFTWARE\\Wine"), L"HKLM\\SOFTWARE\\Wine");
     EXPECT_EQ(RegistryDisplayPath(L"\\Registry\\User\\S-1-5-21-1\\Software"), L"HKU\\S-1-5-21-1\\Software");
     EXPECT_EQ(RegistryDisplayPath(L"\\REGISTRY\\MACHINEX"), L"\\REGISTRY\\MACHINEX");
@@ -98,13 +96,14 @@ TEST(CounterArithmetic, DeltasAndRatesSaturateInsteadOfWrapping) {
     EXPECT_EQ(Saturate32(uint64_t{5} << 32), MaxUnsigned);
 }
 
+// Every field of a time, the day of the week included.
+auto Fields(const SYSTEMTIME& t) {
+    return std::make_tuple(t.wYear, t.wMonth, t.wDayOfWeek, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wMilliseconds);
+}
+
 TEST(PackDuration, SplitsIntoDaysHoursMinutesSecondsAndMillisecondsAndCapsTheDays) {
     const uint64_t duration = ((((2ull * 24 + 3) * 60 + 4) * 60 + 5) * 1000 + 678) * 10'000;
-    const SYSTEMTIME packed = PackDuration(duration);
-    const WORD expected[] = {0, 0, 0, 2, 3, 4, 5, 678};
-    const WORD seen[] = {packed.wYear, packed.wMonth, packed.wDayOfWeek, packed.wDay,
-                         packed.wHour, packed.wMinute, packed.wSecond, packed.wMilliseconds};
-    for (size_t i = 0; i < std::size(expected); ++i) EXPECT_EQ(seen[i], expected[i]) << "field " << i;
+    EXPECT_EQ(Fields(PackDuration(duration)), Fields(SYSTEMTIME{0, 0, 0, 2, 3, 4, 5, 678}));
     EXPECT_EQ(PackDuration(std::numeric_limits<uint64_t>::max()).wDay, 0xFFFF);
 }
 
@@ -162,27 +161,23 @@ TEST(BuildTree, ADeepChainNeedsNoRecursion) {
     EXPECT_EQ(BuildTree(nodes).back().depth, static_cast<int>(length - 1));
 }
 
-TEST(ThreadCpuPercent, IsAShareOfAllProcessors) {
+TEST(ThreadCpuAndPriority, CpuIsAShareOfAllProcessorsAndLevelsComeAbsoluteAsWindowsReportsThemOrRelativeAsWineDoes) {
     EXPECT_DOUBLE_EQ(50.0, ThreadCpuPercent(100, 600, 1000, 1));
     EXPECT_DOUBLE_EQ(12.5, ThreadCpuPercent(0, 500, 1000, 4));
     EXPECT_DOUBLE_EQ(100.0, ThreadCpuPercent(0, 1100, 1000, 1)) << "timer granularity never shows above 100";
     EXPECT_EQ(0.0, ThreadCpuPercent(600, 100, 1000, 1)) << "a reused id's smaller time";
     EXPECT_EQ(0.0, ThreadCpuPercent(0, 500, 0, 1)) << "nothing measured yet";
-}
-
-TEST(ThreadPriorityLevel, FromAbsoluteLevelsAsWindowsReportsThemOrRelativeOnesAsWineDoes) {
-    struct Case {
+    const struct {
         long thread, process;
         int level;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {8, 8, 0},   {9, 8, 1},    {10, 8, 2},   {7, 8, -1}, {6, 8, -2},  {15, 8, 15}, {1, 8, -15},
         {4, 4, 0},   {1, 4, -15},  {15, 13, 15}, {11, 13, -2}, {24, 24, 0}, {31, 24, 15}, {16, 24, -15},
         {26, 24, 2}, {22, 24, -2},
         // Wine reports the relative level itself, with a class index as the process's priority.
         {0, 2, 0},   {-2, 2, -2},  {15, 2, 15},  {-15, 2, -15},
     };
-    for (const Case& c : cases) EXPECT_EQ(c.level, ThreadPriorityLevel(c.thread, c.process)) << c.thread << "/" << c.process;
+    for (const auto& c : cases) EXPECT_EQ(c.level, ThreadPriorityLevel(c.thread, c.process)) << c.thread << "/" << c.process;
 }
 
 TEST(SuspendedByThreadStates, AnswersOnlyWhenTheStatesSaySomething) {
@@ -203,19 +198,9 @@ TEST(VersionText, BlockNameIsLanguageThenCodePageInLowerCaseHexAndTheVersionJoin
     EXPECT_EQ(FormatFileVersion(0, 0), L"0.0.0.0");
 }
 
-auto Fields(const SYSTEMTIME& t) {
-    return std::make_tuple(t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wDayOfWeek);
-}
-
-TEST(SystemTimeFromUnixSeconds, MatchesKnownDatesAndTheSystemConversion) {
-    using Time = std::tuple<int, int, int, int, int, int, int>;   // year, month, day, h, m, s, day of week
-    const std::pair<DWORD, Time> known[] = {
-        {0, {1970, 1, 1, 0, 0, 0, 4}},
-        {951827696, {2000, 2, 29, 12, 34, 56, 2}},    // a leap day
-        {0xFFFFFFFF, {2106, 2, 7, 6, 28, 15, 0}},     // the last second
-    };
-    for (const auto& [seconds, time] : known) EXPECT_EQ(Time(Fields(SystemTimeFromUnixSeconds(seconds))), time) << seconds;
-    for (DWORD seconds : {DWORD{86399}, DWORD{1234567890}, DWORD{1700000000}, DWORD{4000000000u}}) {
+// Checked against the system's own conversion, from the first second to the last, a leap day among them.
+TEST(SystemTimeFromUnixSeconds, MatchesTheSystemConversion) {
+    for (DWORD seconds : {DWORD{0}, DWORD{86399}, DWORD{951827696}, DWORD{1234567890}, DWORD{4000000000u}, DWORD{0xFFFFFFFF}}) {
         const unsigned long long ticks = 116444736000000000ULL + seconds * 10000000ULL;
         FILETIME fileTime{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
         SYSTEMTIME expected{};

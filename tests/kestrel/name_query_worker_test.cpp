@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include "message_pump.h"
 
 namespace {
 
@@ -41,8 +41,7 @@ TEST(NameQueryWorker, AHangingQueryIsLeftBehindAndTheNextOneRunsOnANewWorker) {
     EXPECT_EQ(worker.Query(Copy(open), 5000, name, stuck), NameQueryWorker::Outcome::Named);
 
     SetEvent(blocked);   // the hanging query returns; its worker closes its handle and ends
-    for (int i = 0; i < 4000 && !kestrel::detail::QueryFinished(*stuck); ++i) Sleep(5);
-    EXPECT_TRUE(kestrel::detail::QueryFinished(*stuck));
+    EXPECT_TRUE(lmvx_test::PollUntil([&] { return kestrel::detail::QueryFinished(*stuck); }));
     CloseHandle(blocked);
     CloseHandle(open);
 }

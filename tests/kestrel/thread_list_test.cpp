@@ -26,21 +26,17 @@ protected:
 
 KnownThreads* ThreadListTest::threads_ = nullptr;
 
-TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
+TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOthers) {
     kestrel::PD_THREADLIST list;
     ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
     for (DWORD threadId : {threads_->burning, threads_->suspended, threads_->blocked, threads_->windowed}) {
         EXPECT_NE(nullptr, list.FindThread(threadId)) << threadId;
     }
     EXPECT_GE(list.GetThreadCount(), 5u);
-    const bool used = PumpUntil(
-        [&] {
-            list.QueryThreadList(threads_->child->Pid());
-            const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
-            return burning && burning->GetCPUUsage() > 0;
-        },
-        20000);
-    EXPECT_TRUE(used);
+    EXPECT_TRUE(PumpUntil([&] {
+        list.QueryThreadList(threads_->child->Pid());
+        return list.FindThread(threads_->burning) && list.FindThread(threads_->burning)->GetCPUUsage() > 0;
+    }, 20000));
     const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
     ASSERT_NE(nullptr, burning);
     EXPECT_GT(burning->GetAverageCPUUsage(), 0.0);
@@ -56,13 +52,11 @@ TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
     EXPECT_EQ(static_cast<unsigned>(ERROR_FILE_NOT_FOUND), blocked->GetThreadLastError());
     EXPECT_EQ(0, blocked->GetPriority());
     EXPECT_EQ(nullptr, list.FindThread(GetCurrentThreadId())) << "only the child's threads";
-}
 
-TEST(ThreadActions, TheCallingThreadIsRefusedAndAProcessThatIsNotRunningHasNoThreads) {
+    // The calling thread is refused; a process that is not running has no threads.
     EXPECT_FALSE(kestrel::PRM_SuspendThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_TerminateThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(GetCurrentThreadId()));
-    kestrel::PD_THREADLIST list;
     EXPECT_FALSE(list.QueryThreadList(0xFFFFFFF0u));
     EXPECT_EQ(0u, list.GetThreadCount());
     EXPECT_EQ(nullptr, list.GetThread(0));
