@@ -83,10 +83,8 @@ std::optional<_CONNECTIONOBJECT> FindByPorts(const _CONNECTIONLIST& list, int pr
     return std::nullopt;
 }
 
-// Which list holds an endpoint of the test process. Where the system's tables name each row's owning
-// process, that is the test process's own list. Where they name no owner (under Wine in some sandboxes every
-// row has owner 0), it is the list of process 0, so reading and converting the rows can still be checked;
-// the ownership filter itself is then covered by the row-level unit tests.
+// Which list holds an endpoint of the test process: its own, or where the system's tables name no owner (under
+// Wine in some sandboxes every row has owner 0) the list of process 0, so the rows can still be checked.
 struct EndpointOwner {
     DWORD processId = 0;
     bool ownersReported = false;
@@ -204,12 +202,10 @@ TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
 // call, and one address has one name wherever it appears, in this list and the next. 0.0.0.0 gets none.
 TEST_F(OwnEndpoints, HostNamesAreLookedUpInBoundedTimeAndShared) {
     std::optional<_CONNECTIONOBJECT> listener;
-    for (int round = 0; round < 100; ++round) {
-        if (round > 0) Sleep(50);
+    lmvx_test::PollUntil([&] {
         EXPECT_EQ(1, list_.ResolveAddresses());
-        listener = FindByPorts(list_, kProtocolTcp, listenerPort_, 0);
-        if (!listener || listener->GetLocalHostname()[0] != L'\0') break;
-    }
+        return !(listener = FindByPorts(list_, kProtocolTcp, listenerPort_, 0)) || listener->GetLocalHostname()[0] != L'\0';
+    }, 5000);
     ASSERT_TRUE(listener.has_value());
     ASSERT_NE(0u, listener->GetGenericID());
     const std::wstring name = listener->GetLocalHostname();

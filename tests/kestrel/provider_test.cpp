@@ -41,19 +41,13 @@ inline void ExpectSameTime(const SYSTEMTIME& a, const SYSTEMTIME& e, bool millis
 
 
 void ExpectEmptyItem(const kestrel::TL_PROCESSLIST& list, int i) {
-    SCOPED_TRACE(i);
-    EXPECT_EQ(list.GetItemPID(i), 0u);
-    EXPECT_EQ(list.GetItemCPUUsage(i), 0u);
-    EXPECT_EQ(list.GetItemImageListIndex(i), -1);
-    EXPECT_STREQ(list.GetItemImageName(i), L"");
-    EXPECT_STREQ(list.GetItemPathName(i), L"");
-    EXPECT_STREQ(list.GetItemInfoDescription(i), L"");
-    EXPECT_EQ(list.GetItemIcon(i), nullptr);
-    EXPECT_EQ(list.GetItemDynamicData(i), nullptr);
-    EXPECT_EQ(list.GetItemStaticData(i), nullptr);
-    EXPECT_EQ(list.GetItemCreationTime(i).wYear, 0);
+    EXPECT_EQ(std::make_tuple(list.GetItemPID(i), list.GetItemCPUUsage(i), list.GetItemImageListIndex(i),
+                              list.GetItemCreationTime(i).wYear),
+              std::make_tuple(0u, 0u, -1, WORD{0})) << i;
+    EXPECT_EQ(std::make_tuple(std::wstring(list.GetItemImageName(i)), std::wstring(list.GetItemPathName(i)),
+                              std::wstring(list.GetItemInfoDescription(i))), std::make_tuple(L"", L"", L"")) << i;
+    EXPECT_TRUE(!list.GetItemIcon(i) && !list.GetItemDynamicData(i) && !list.GetItemStaticData(i)) << i;
 }
-
 
 TEST(ProviderBeforeInit, AnswersEmptyEverywhereAndAgainAfterDelete) {
     kestrel::TL_PROCESSLIST list;
@@ -141,55 +135,6 @@ SIZE_T PrivateUsage(HANDLE process) {
     using QueryFn = LONG(WINAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
     const auto query = reinterpret_cast<QueryFn>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess"));
     return query && query(process, 3 /* ProcessVmCounters */, &counters, sizeof counters, nullptr) == 0 ? counters.PrivateUsage : 0;
-}
-
-TEST_F(ProviderTest, AChildIsListedAsTheSystemSeesItUntilTheUpdateAfterItEnds) {
-    ChildProcess child(L"sleep 60000 \"a quoted argument\"");
-    ASSERT_TRUE(child.Started());
-    // The child's commit may still move while it settles: take an update between two equal readings of it.
-    SIZE_T privateBytes = 0;
-    ASSERT_TRUE(PollUntil([&] {
-        const SIZE_T before = PrivateUsage(child.Handle());
-        list.Update();
-        return before > 0 && PrivateUsage(child.Handle()) == (privateBytes = before);
-    })) << "the child's private bytes never held still across an update";
-    const int i = list.GetItemByPID(child.Pid());
-    const int self = list.GetItemByPID(GetCurrentProcessId());
-    ASSERT_GE(i, 0);
-    ASSERT_GE(self, 0);
-    EXPECT_EQ(list.GetItemDynamicData(i)->GetPrivateBytes(), privateBytes);
-    EXPECT_EQ(list.GetItemPID(i), child.Pid());
-    EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
-    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
-    EXPECT_EQ(_wcsicmp(list.GetItemPathName(i), ChildProcess::HelperPath().c_str()), 0) << list.GetItemPathName(i);
-    ExpectSameTime(list.GetItemCreationTime(i), LocalCreationTime(child.Handle()));
-
-    const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
-    ASSERT_NE(statics, nullptr);
-    EXPECT_EQ(std::wstring(statics->GetCommandLineW()), child.CommandLine());
-    wchar_t userName[256];
-    DWORD length = ARRAYSIZE(userName);
-    ASSERT_TRUE(GetUserNameW(userName, &length));
-    const std::wstring owner = statics->GetUsername(), suffix = std::wstring(L"\\") + userName;
-    ASSERT_GE(owner.size(), suffix.size()) << owner;
-    EXPECT_EQ(_wcsicmp(owner.substr(owner.size() - suffix.size()).c_str(), suffix.c_str()), 0) << owner;
-    EXPECT_EQ(owner, std::wstring(list.GetItemStaticData(self)->GetUsername()));
-
-    EXPECT_EQ(list.GetItemProcessPriority(i), GetPriorityClass(child.Handle()));
-    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
-    list.Update();
-    const int again = list.GetItemByPID(child.Pid());
-    ASSERT_GE(again, 0);
-    EXPECT_EQ(list.GetItemProcessPriority(again), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
-
-    child.End();
-    ASSERT_FALSE(child.IsRunning());
-    // Until the next update the snapshot still holds the ended process.
-    EXPECT_EQ(list.GetItemByPID(child.Pid()), again);
-    EXPECT_EQ(list.GetItemPID(again), child.Pid());
-    EXPECT_STREQ(list.GetItemImageName(again), L"lmvx_test_child.exe");
-    list.Update();
-    EXPECT_EQ(list.GetItemByPID(child.Pid()), -1);
 }
 
 // The child's only child burns a processor: it sits right below the child in the tree and shows CPU usage.
@@ -363,25 +308,61 @@ void ExpectCheckAnswersAndChangesNothing(DWORD pid, const std::vector<HANDLE>& t
     EXPECT_EQ(changedCounts, 0) << "suspend count " << given;
 }
 
-// Suspended means every thread suspended, and asking changes no thread; then what the program's action tests
-// cannot reach: a value that is no priority class, and the exit code of a terminated process.
-TEST(ProcessControl, SuspendResumeRefusedPriorityAndTerminate) {
-    ChildProcess child(L"threads 3 600000");
+// A child is listed as the system sees it until the update after it ends. Suspended means every thread suspended,
+// and asking changes no thread. A value that is no priority class is refused; terminating sets the exit code.
+TEST_F(ProviderTest, AChildIsListedAsTheSystemSeesItAndSuspendedMeansEveryThreadUntilItIsTerminated) {
+    ChildProcess child(L"threads 3 600000 \"a quoted argument\"");
     ASSERT_TRUE(child.Started());
+    // The child's commit may still move while it settles: take an update between two equal readings of it.
+    SIZE_T privateBytes = 0;
+    ASSERT_TRUE(PollUntil([&] {
+        const SIZE_T before = PrivateUsage(child.Handle());
+        list.Update();
+        return before > 0 && PrivateUsage(child.Handle()) == (privateBytes = before);
+    })) << "the child's private bytes never held still across an update";
+    const int i = list.GetItemByPID(child.Pid());
+    const int self = list.GetItemByPID(GetCurrentProcessId());
+    ASSERT_GE(i, 0);
+    ASSERT_GE(self, 0);
+    EXPECT_EQ(list.GetItemDynamicData(i)->GetPrivateBytes(), privateBytes);
+    EXPECT_EQ(list.GetItemPID(i), child.Pid());
+    EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
+    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
+    EXPECT_EQ(_wcsicmp(list.GetItemPathName(i), ChildProcess::HelperPath().c_str()), 0) << list.GetItemPathName(i);
+    ExpectSameTime(list.GetItemCreationTime(i), LocalCreationTime(child.Handle()));
+
+    const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
+    ASSERT_NE(statics, nullptr);
+    EXPECT_EQ(std::wstring(statics->GetCommandLineW()), child.CommandLine());
+    wchar_t userName[256];
+    DWORD length = ARRAYSIZE(userName);
+    ASSERT_TRUE(GetUserNameW(userName, &length));
+    const std::wstring owner = statics->GetUsername(), suffix = std::wstring(L"\\") + userName;
+    ASSERT_GE(owner.size(), suffix.size()) << owner;
+    EXPECT_EQ(_wcsicmp(owner.substr(owner.size() - suffix.size()).c_str(), suffix.c_str()), 0) << owner;
+    EXPECT_EQ(owner, std::wstring(list.GetItemStaticData(self)->GetUsername()));
+
+    EXPECT_EQ(list.GetItemProcessPriority(i), GetPriorityClass(child.Handle()));
+    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
+    list.Update();
+    const int again = list.GetItemByPID(child.Pid());
+    ASSERT_GE(again, 0);
+    EXPECT_EQ(list.GetItemProcessPriority(again), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
+
     std::vector<HANDLE> threads;
     ASSERT_TRUE(PollUntil([&] { CloseAll(threads); return (threads = OpenThreadsOf(child.Pid())).size() >= 4; }, 30000));
     ExpectCheckAnswersAndChangesNothing(child.Pid(), threads, 0);
     // Each thread in turn is the one left running, first and last included.
     for (size_t running = 0; running < threads.size(); ++running) {
-        for (size_t i = 0; i < threads.size(); ++i) {
-            if (i != running) {
-                ASSERT_EQ(0u, SuspendThread(threads[i]));
+        for (size_t t = 0; t < threads.size(); ++t) {
+            if (t != running) {
+                ASSERT_EQ(0u, SuspendThread(threads[t]));
             }
         }
         EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid())) << "thread " << running << " runs";
-        for (size_t i = 0; i < threads.size(); ++i) {
-            if (i != running) {
-                EXPECT_EQ(1u, ResumeThread(threads[i]));
+        for (size_t t = 0; t < threads.size(); ++t) {
+            if (t != running) {
+                EXPECT_EQ(1u, ResumeThread(threads[t]));
             }
         }
     }
@@ -394,12 +375,18 @@ TEST(ProcessControl, SuspendResumeRefusedPriorityAndTerminate) {
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(GetCurrentProcessId())) << "the calling process is never suspended";
 
     EXPECT_FALSE(kestrel::PRM_SetProcessPriority(child.Pid(), 12345));
-    EXPECT_EQ(static_cast<DWORD>(NORMAL_PRIORITY_CLASS), GetPriorityClass(child.Handle()));
+    EXPECT_EQ(static_cast<DWORD>(BELOW_NORMAL_PRIORITY_CLASS), GetPriorityClass(child.Handle()));
     ASSERT_TRUE(kestrel::PRM_TerminateProcess(child.Pid()));
     ASSERT_TRUE(child.WaitForExit(10000));
     DWORD exitCode = 0;
     GetExitCodeProcess(child.Handle(), &exitCode);
     EXPECT_EQ(kestrel::PRM_TerminatedExitCode, exitCode);
+    // Until the next update the snapshot still holds the ended process.
+    EXPECT_EQ(list.GetItemByPID(child.Pid()), again);
+    EXPECT_EQ(list.GetItemPID(again), child.Pid());
+    EXPECT_STREQ(list.GetItemImageName(again), L"lmvx_test_child.exe");
+    list.Update();
+    EXPECT_EQ(list.GetItemByPID(child.Pid()), -1);
 }
 
 }  // namespace
