@@ -52,21 +52,19 @@ TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWha
 
     MIB_TCP6ROW_OWNER_PID tcp6{{}, 4, htons(6000), {0xFE, 0x80}, 3, htons(6001), MIB_TCP_STATE_SYN_SENT, 5};
     tcp6.ucLocalAddr[15] = 1;   // ::1
-    Endpoint expected{.protocol = MakeProtocolCode(false, true), .processId = 5, .remoteAddress = {0xFE, 0x80},
-                      .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000, .remotePort = 6001,
-                      .state = MIB_TCP_STATE_SYN_SENT};
-    expected.localAddress[15] = 1;
-    EXPECT_EQ(Fields(EndpointFromRow(tcp6)), Fields(expected));
-
+    const std::array<std::uint8_t, 16> ipv6Loopback{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1};
+    EXPECT_EQ(Fields(EndpointFromRow(tcp6)),
+              Fields(Endpoint{.protocol = MakeProtocolCode(false, true), .processId = 5, .localAddress = ipv6Loopback,
+                              .remoteAddress = {0xFE, 0x80}, .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000,
+                              .remotePort = 6001, .state = MIB_TCP_STATE_SYN_SENT}));
     const MIB_UDPROW_OWNER_PID udp{IPv4TableValue(10, 0, 0, 9), htons(53), 9};
     EXPECT_EQ(Fields(EndpointFromRow(udp)), Fields(Endpoint{.protocol = MakeProtocolCode(true, false), .processId = 9,
                                                             .localAddress = {10, 0, 0, 9}, .localPort = 53}));
     MIB_UDP6ROW_OWNER_MODULE udp6{{}, 2, htons(5353), 0, {}, {}, {}};
     udp6.ucLocalAddr[15] = 1;
     udp6.liCreateTimestamp.QuadPart = 5;
-    expected = Endpoint{.protocol = MakeProtocolCode(true, true), .localScopeId = 2, .localPort = 5353, .creationTime = 5};
-    expected.localAddress[15] = 1;
-    EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(expected));
+    EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(Endpoint{.protocol = MakeProtocolCode(true, true), .localAddress = ipv6Loopback,
+                                                             .localScopeId = 2, .localPort = 5353, .creationTime = 5}));
 }
 
 TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrderKeepingWhatIsThere) {
