@@ -140,7 +140,6 @@ TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
     const auto client = FindByPorts(list_, kProtocolTcp, clientPort_, listenerPort_);
     ASSERT_TRUE(client.has_value()) << "no client end " << clientPort_ << " -> " << listenerPort_;
     EXPECT_EQ(static_cast<unsigned>(MIB_TCP_STATE_ESTAB), client->GetState());
-    EXPECT_EQ(std::wstring(L"ESTABLISHED"), client->GetStateStr());
     EXPECT_EQ(kLoopback, client->GetRemoteAddress());
     const auto server = FindByPorts(list_, kProtocolTcp, listenerPort_, clientPort_);
     ASSERT_TRUE(server.has_value()) << "no server end " << listenerPort_ << " -> " << clientPort_;
@@ -167,11 +166,9 @@ TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
     const auto items = ItemsOf(list_);
     ASSERT_GE(items.size(), 4u);
     std::set<unsigned> distinct;
-    for (const auto& item : items) {
-        EXPECT_NE(0u, item.GetGenericID());
-        distinct.insert(item.GetGenericID());
-    }
+    for (const auto& item : items) distinct.insert(item.GetGenericID());
     EXPECT_EQ(items.size(), distinct.size());
+    EXPECT_EQ(0u, distinct.count(0));
     // The ids of this test's own endpoints hold from one query to the next (other programs' sockets, listed
     // where owners are not reported, come and go between the two).
     const auto ownIds = [&] {

