@@ -159,26 +159,6 @@ TEST(ComputeGenericID, EveryIdentifyingFieldAndNothingElseChangesTheId) {
     EXPECT_EQ(original, ComputeGenericID(endpoint));
 }
 
-TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctIds) {
-    std::vector<Endpoint> endpoints;
-    for (std::uint32_t port = 1000; port < 1010; ++port) {
-        Endpoint endpoint = SampleEndpoint();
-        endpoint.localPort = port;
-        endpoints.push_back(endpoint);
-    }
-    const auto ids = AssignGenericIDs(endpoints);
-    ASSERT_EQ(endpoints.size(), ids.size());
-    for (std::size_t i = 0; i < endpoints.size(); ++i) EXPECT_EQ(ComputeGenericID(endpoints[i]), ids[i]);
-
-    // Duplicate rows get distinct non-zero ids; the first keeps the plain hash, so an endpoint's id does not
-    // move when a duplicate appears.
-    const auto duplicates = AssignGenericIDs(std::vector<Endpoint>(3, SampleEndpoint()));
-    const std::set<std::uint32_t> distinct(duplicates.begin(), duplicates.end());
-    EXPECT_EQ(3u, distinct.size());
-    EXPECT_EQ(0u, distinct.count(0));
-    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
-}
-
 // Two different endpoints whose hashes collide, found by a deterministic search over owners and ports (a 32-bit
 // hash has colliding pairs among a few hundred thousand inputs); two empty endpoints when there is none.
 std::pair<Endpoint, Endpoint> FindCollision() {
@@ -197,7 +177,22 @@ std::pair<Endpoint, Endpoint> FindCollision() {
     return {};
 }
 
-TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
+// Distinct endpoints keep their hashes; duplicates and collisions get distinct ids, the same whatever the order.
+TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesAndCollisionsAreSettledWhateverTheOrder) {
+    std::vector<Endpoint> endpoints(10, SampleEndpoint());
+    for (std::uint32_t i = 0; i < endpoints.size(); ++i) endpoints[i].localPort = 1000 + i;
+    const auto ids = AssignGenericIDs(endpoints);
+    ASSERT_EQ(endpoints.size(), ids.size());
+    for (std::size_t i = 0; i < endpoints.size(); ++i) EXPECT_EQ(ComputeGenericID(endpoints[i]), ids[i]);
+
+    // Duplicate rows get distinct non-zero ids; the first keeps the plain hash, so an endpoint's id does not
+    // move when a duplicate appears.
+    const auto duplicates = AssignGenericIDs(std::vector<Endpoint>(3, SampleEndpoint()));
+    const std::set<std::uint32_t> distinct(duplicates.begin(), duplicates.end());
+    EXPECT_EQ(3u, distinct.size());
+    EXPECT_EQ(0u, distinct.count(0));
+    EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
+
     const auto [first, second] = FindCollision();
     ASSERT_NE(first.processId, second.processId) << "no colliding pair in the search range";
     ASSERT_EQ(ComputeGenericID(first), ComputeGenericID(second));
@@ -208,9 +203,9 @@ TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
     EXPECT_EQ(forward[0], backward[1]);
     EXPECT_EQ(forward[1], backward[0]);
     // One of the two keeps the hash; the other gets the next value.
-    const std::set<std::uint32_t> ids(forward.begin(), forward.end());
-    EXPECT_EQ(1u, ids.count(ComputeGenericID(first)));
-    EXPECT_EQ(1u, ids.count(ComputeGenericID(first) + 1 == 0 ? 1 : ComputeGenericID(first) + 1));
+    const std::set<std::uint32_t> settled(forward.begin(), forward.end());
+    EXPECT_EQ(1u, settled.count(ComputeGenericID(first)));
+    EXPECT_EQ(1u, settled.count(ComputeGenericID(first) + 1 == 0 ? 1 : ComputeGenericID(first) + 1));
 }
 
 }  // namespace

@@ -2,9 +2,7 @@
 // suspension from thread states, version texts and link time stamps.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
-#include <numeric>
 #include <tuple>
 
 #include "dos_path.h"
@@ -139,14 +137,12 @@ TEST(BuildTree, PlacesEachNodeOnceDepthFirstWithDistinctRanks) {
         SCOPED_TRACE(c.what);
         const std::vector<TreePlace> places = BuildTree(c.nodes);
         ASSERT_EQ(places.size(), c.nodes.size());
-        std::vector<size_t> order(c.nodes.size());
-        std::iota(order.begin(), order.end(), size_t{0});
-        std::sort(order.begin(), order.end(), [&](size_t a, size_t b) { return places[a].position < places[b].position; });
-        std::vector<uint32_t> walk;
+        std::vector<uint32_t> walk(c.nodes.size(), 0xFFFFFFFF);   // positions are the ranks 0, 1, 2, ...
         std::vector<int> depths;
-        for (size_t i = 0; i < order.size(); ++i) {
-            walk.push_back(c.nodes[order[i]].pid);
-            EXPECT_EQ(places[order[i]].position, static_cast<double>(i)) << "positions are the ranks 0, 1, 2, ...";
+        for (size_t i = 0; i < places.size(); ++i) {
+            const size_t rank = static_cast<size_t>(places[i].position);
+            ASSERT_TRUE(rank == places[i].position && rank < walk.size()) << places[i].position;
+            walk[rank] = c.nodes[i].pid;
             depths.push_back(places[i].depth);
         }
         EXPECT_EQ(walk, c.walk);

@@ -1,7 +1,5 @@
-// The provider and the process actions against real processes: what every reader may rely on, children this
-// test starts (identity, tree, start data, counters, ending), readers under a refresh loop, the version data of
-// one file, which threads count for "suspended" (and that asking changes no thread), pausing and resuming, the
-// exit code of an ended process and a value that is no class.
+// The provider and the process actions against real processes: every record, children this test starts (identity,
+// tree, start data, counters, suspension, priority, ending), readers under a refresh loop, version data.
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <commctrl.h>

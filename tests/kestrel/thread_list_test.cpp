@@ -13,31 +13,25 @@ namespace {
 using lmvx_test::KnownThreads;
 using lmvx_test::PumpUntil;
 
-class ThreadListTest : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() { threads_ = new KnownThreads(KnownThreads::Start()); }
-    static void TearDownTestSuite() {
-        delete threads_;
-        threads_ = nullptr;
-    }
-    void SetUp() override { ASSERT_TRUE(threads_->Started()); }
-    static KnownThreads* threads_;
-};
+// One child for both tests, started on first use.
+const KnownThreads& Threads() {
+    static const KnownThreads threads = KnownThreads::Start();
+    return threads;
+}
 
-KnownThreads* ThreadListTest::threads_ = nullptr;
-
-TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOthers) {
+TEST(ThreadList, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOthers) {
+    ASSERT_TRUE(Threads().Started());
     kestrel::PD_THREADLIST list;
-    ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
-    for (DWORD threadId : {threads_->burning, threads_->suspended, threads_->blocked, threads_->windowed}) {
+    ASSERT_TRUE(list.QueryThreadList(Threads().child->Pid()));
+    for (DWORD threadId : {Threads().burning, Threads().suspended, Threads().blocked, Threads().windowed}) {
         EXPECT_NE(nullptr, list.FindThread(threadId)) << threadId;
     }
     EXPECT_GE(list.GetThreadCount(), 5u);
     EXPECT_TRUE(PumpUntil([&] {
-        list.QueryThreadList(threads_->child->Pid());
-        return list.FindThread(threads_->burning) && list.FindThread(threads_->burning)->GetCPUUsage() > 0;
+        list.QueryThreadList(Threads().child->Pid());
+        return list.FindThread(Threads().burning) && list.FindThread(Threads().burning)->GetCPUUsage() > 0;
     }, 20000));
-    const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
+    const kestrel::PD_THREADENTRY* burning = list.FindThread(Threads().burning);
     ASSERT_NE(nullptr, burning);
     EXPECT_GT(burning->GetAverageCPUUsage(), 0.0);
     const SYSTEMTIME cpu = burning->GetCPUSystemTime();
@@ -45,7 +39,7 @@ TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOt
     EXPECT_NE(0, cpu.wYear) << "creation time is known";
 
     // The blocked thread starts in the child and keeps its last error.
-    const kestrel::PD_THREADENTRY* blocked = list.FindThread(threads_->blocked);
+    const kestrel::PD_THREADENTRY* blocked = list.FindThread(Threads().blocked);
     ASSERT_NE(nullptr, blocked);
     EXPECT_STREQ(L"lmvx_test_child.exe", blocked->GetModuleName());
     EXPECT_GT(blocked->GetStartAddress(), static_cast<ULONG_PTR>(blocked->GetModuleBaseAddress()));
@@ -62,10 +56,11 @@ TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOt
     EXPECT_EQ(nullptr, list.GetThread(0));
 }
 
-TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
-    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, threads_->child->Pid());
+TEST(ThreadList, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
+    ASSERT_TRUE(Threads().Started());
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Threads().child->Pid());
     HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
-                               threads_->blocked);
+                               Threads().blocked);
     ASSERT_TRUE(process && thread);
     kestrel::_SI_STACKDUMP stack;
     ASSERT_TRUE(stack.CreateStackDump(process, thread, nullptr));
@@ -82,7 +77,7 @@ TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRun
     EXPECT_TRUE(childFrame);
     EXPECT_TRUE(knownFunction);
     EXPECT_TRUE(systemExport);
-    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(threads_->blocked)) << "resumed after the walk";
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(Threads().blocked)) << "resumed after the walk";
     EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), GetCurrentThread(), nullptr)) << "not the calling thread";
     CloseHandle(thread);
     CloseHandle(process);
