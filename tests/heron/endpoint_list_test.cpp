@@ -95,8 +95,6 @@ EndpointOwner OwnerOf(int protocol, unsigned localPort) {
     return {self, true};   // not listed at all: the tests using it fail with their own message
 }
 
-bool IsIPv6Loopback(const unsigned char* bytes) { return std::memcmp(&in6addr_loopback, bytes, 16) == 0; }
-
 class OwnEndpoints : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -266,7 +264,7 @@ TEST(IPv6Endpoints, ListsAListenerAndAUdpSocketOnIPv6Loopback) {
     ASSERT_TRUE(item.has_value()) << "no TCPv6 endpoint on port " << port;
     EXPECT_EQ(std::wstring(L"TCPv6"), item->GetProtocolStr());
     EXPECT_EQ(static_cast<unsigned>(MIB_TCP_STATE_LISTEN), item->GetState());
-    EXPECT_TRUE(IsIPv6Loopback(item->GetLocalIP6Address()));
+    EXPECT_EQ(0, std::memcmp(&in6addr_loopback, item->GetLocalIP6Address(), 16));
     EXPECT_EQ(0u, item->GetLocalAddress());
 
     ASSERT_EQ(1, list.QueryProcessList(OwnerOf(kProtocolUdp6, LocalPortOf(udp)).processId));

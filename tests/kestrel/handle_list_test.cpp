@@ -23,19 +23,12 @@ const kestrel::_HANDLEOBJECT* Find(const kestrel::_HANDLELIST& list, unsigned lo
     return nullptr;
 }
 
-class HeldHandles : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(child.Ready()) << "the child could not open its handles, exit code " << child.ExitCode();
-        ASSERT_EQ(list.Init(), 1);
-        ASSERT_EQ(list.QueryHandlesProcess(child.Pid()), 1);
-    }
-
+TEST(HandleList, EachKnownHandleIsListedWithItsTypeAndName) {
     HeldHandlesChild child;
+    ASSERT_TRUE(child.Ready()) << "the child could not open its handles, exit code " << child.ExitCode();
     kestrel::_HANDLELIST list;
-};
-
-TEST_F(HeldHandles, EachKnownHandleIsListedWithItsTypeAndName) {
+    ASSERT_EQ(list.Init(), 1);
+    ASSERT_EQ(list.QueryHandlesProcess(child.Pid()), 1);
     const std::wstring pid = std::to_wstring(child.Pid());
     struct Expected {
         const wchar_t* kind;

@@ -194,7 +194,7 @@ TEST(RegionText, StateTypeAndAddressParse) {
     for (const auto& [text, address] : addresses) EXPECT_EQ(ParseHexAddress(text), address) << text;
 }
 
-TEST(RegionText, DescriptionReadsBackAsTheSameAddress) {
+TEST(RegionText, DescriptionReadsBackAsTheSameAddressAndPageStepsSkipUncommittedRegions) {
     const std::wstring inModule = DescribeAddress(0x7FF612340010, true, L"a.exe+0x10", kCommit, kImage);
     EXPECT_EQ(inModule, L"0x00007FF612340010 (a.exe+0x10)");
     EXPECT_EQ(ParseHexAddress(inModule), 0x7FF612340010u);
@@ -203,9 +203,7 @@ TEST(RegionText, DescriptionReadsBackAsTheSameAddress) {
     EXPECT_EQ(DescribeAddress(1, false, L"N", kCommit, kPrivate), L"N (MEM_PRIVATE)");
     EXPECT_EQ(DescribeAddress(1, false, L"N", kReserve, kImage), L"N (MEM_IMAGE)");
     EXPECT_EQ(DescribeAddress(1, false, L"N", kCommit, 0), L"N");
-}
-
-TEST(RegionText, PageStepsSkipUncommittedRegions) {
+    // Page steps skip uncommitted regions.
     EXPECT_EQ(NextPageAddress(0x11000, kCommit, 0x10000, 0x10000), 0x11000u);
     EXPECT_EQ(NextPageAddress(0x11000, kReserve, 0x10000, 0x10000), 0x20000u);
     EXPECT_EQ(NextPageAddress(0x11000, kFree, 0x10000, 0x30000), 0x40000u);
