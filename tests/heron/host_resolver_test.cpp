@@ -22,30 +22,28 @@ AddressKey TestAddress(std::uint8_t last) {
     return key;
 }
 
-TEST(HostResolver, ReturnsWhileALookupIsStillRunning) {
+TEST(HostResolver, ReturnsWhileALookupRunsAndLooksEachAddressUpOnceForEveryResolver) {
     std::promise<void> release;
     std::shared_future<void> released = release.get_future().share();
-    HostResolver resolver([released](const AddressKey&) {
+    HostResolver slow([released](const AddressKey&) {
         released.wait();
         return std::wstring(L"slow.example");
     });
-    const AddressKey key = TestAddress(1);
+    const AddressKey pending = TestAddress(1);
 
     // The lookup cannot finish before it is released, so Resolve can only come back by its budget.
-    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
-    std::wstring name;
-    EXPECT_FALSE(FindCachedName(key, name));
+    EXPECT_FALSE(slow.Resolve({pending}, std::chrono::milliseconds(50)));
+    std::wstring found;
+    EXPECT_FALSE(FindCachedName(pending, found));
     // Asking again does not queue the address a second time and does not wait for it.
-    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
+    EXPECT_FALSE(slow.Resolve({pending}, std::chrono::milliseconds(50)));
 
     release.set_value();
-    ASSERT_TRUE(lmvx_test::PollUntil([&] { return FindCachedName(key, name); }));
-    EXPECT_EQ(std::wstring(L"slow.example"), name);
-}
+    ASSERT_TRUE(lmvx_test::PollUntil([&] { return FindCachedName(pending, found); }));
+    EXPECT_EQ(std::wstring(L"slow.example"), found);
 
-// Each address is looked up once, a found name and the lack of one alike; IPv4 and IPv6 keys are apart; the
-// names stay for every later resolver.
-TEST(HostResolver, LooksEachAddressUpOnceWithOrWithoutANameForEveryResolver) {
+    // Each address is looked up once, a found name and the lack of one alike; IPv4 and IPv6 keys are apart; the
+    // names stay for every later resolver.
     const AddressKey four = TestAddress(2), nameless = TestAddress(3);
     AddressKey six = four;
     six.ipv6 = true;

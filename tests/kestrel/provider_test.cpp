@@ -28,15 +28,8 @@ protected:
     kestrel::TL_PROCESSLIST list;
 };
 
-// Date and time of day agree (the day of the week is not compared; milliseconds only when asked).
-inline void ExpectSameTime(const SYSTEMTIME& a, const SYSTEMTIME& e, bool milliseconds = true) {
-    EXPECT_EQ(std::tie(a.wYear, a.wMonth, a.wDay, a.wHour, a.wMinute, a.wSecond),
-              std::tie(e.wYear, e.wMonth, e.wDay, e.wHour, e.wMinute, e.wSecond));
-    if (milliseconds) {
-        EXPECT_EQ(a.wMilliseconds, e.wMilliseconds);
-    }
-}
-
+// Date and time of day (the day of the week is not compared).
+auto DateAndTime(const SYSTEMTIME& t) { return std::tie(t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond); }
 
 void ExpectEmptyItem(const kestrel::TL_PROCESSLIST& list, int i) {
     EXPECT_EQ(std::make_tuple(list.GetItemPID(i), list.GetItemCPUUsage(i), list.GetItemImageListIndex(i),
@@ -249,7 +242,7 @@ TEST(ImageInfo, ReadsVersionResourcesAndFallsBackToTheFileNameAndLinkTime) {
     EXPECT_STREQ(plain.GetProductName(), L"");
     wchar_t copyright[16] = L"unchanged";
     EXPECT_STREQ(plain.GetCopyright(copyright, ARRAYSIZE(copyright)), L"");
-    ExpectSameTime(plain.GetTimeStamp(), expected, false);
+    EXPECT_EQ(DateAndTime(plain.GetTimeStamp()), DateAndTime(expected));
 
     kestrel::_IMAGEINFO missing;
     EXPECT_EQ(missing.LoadVersionInfo(L"C:\\no such folder\\no such file.exe"), 0);
@@ -322,7 +315,9 @@ TEST_F(ProviderTest, AChildIsListedAsTheSystemSeesItAndSuspendedMeansEveryThread
     EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
     EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
     EXPECT_EQ(_wcsicmp(list.GetItemPathName(i), ChildProcess::HelperPath().c_str()), 0) << list.GetItemPathName(i);
-    ExpectSameTime(list.GetItemCreationTime(i), LocalCreationTime(child.Handle()));
+    const SYSTEMTIME created = LocalCreationTime(child.Handle());
+    EXPECT_EQ(DateAndTime(list.GetItemCreationTime(i)), DateAndTime(created));
+    EXPECT_EQ(list.GetItemCreationTime(i).wMilliseconds, created.wMilliseconds);
 
     const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
     ASSERT_NE(statics, nullptr);

@@ -33,7 +33,7 @@ std::string Dump(const std::vector<uint8_t>& bytes, uint32_t address, bool colon
 
 // Full lines of sixteen bytes; a short last line is padded with blanks; the address wraps at 4 GiB; the
 // character column shows "!" as a dot and keeps delete.
-TEST(HexDump, LinesOfSixteenBytesWithAShortLastLinePadded) {
+TEST(HexDump, LinesOfSixteenBytesRefusedWhenOneByteShortAndTheColonFormCutsTheLastLineEnd) {
     EXPECT_EQ(Dump(Counting(16), 0x00401000, false),
               "00401000 4142434445464748 494A4B4C4D4E4F50 ABCDEFGHIJKLMNOP\r\n");
     EXPECT_EQ(Dump(Counting(17), 0xFFFFFFF8, false),
@@ -45,11 +45,9 @@ TEST(HexDump, LinesOfSixteenBytesWithAShortLastLinePadded) {
     const std::vector<uint8_t> bytes = {0x21, 0x20, 0x22, 0x7E, 0x7F, 0x80, 0xFF, 0x00,
                                         0x1F, 0x09, 0xC4, 0x41, 0x61, 0x30, 0x2E, 0x23};
     EXPECT_EQ(Dump(bytes, 0, false).substr(43, 16), ". \"~\x7F......Aa0.#");
-}
 
-// A buffer one byte short and an empty input give nothing; the colon form uses the same buffer size, so its
-// one character longer lines cut the final line end of a short last line (intended).
-TEST(HexDump, RefusesABufferOneByteShortAndTheColonFormCutsTheLastLineEnd) {
+    // A buffer one byte short and an empty input give nothing; the colon form uses the same buffer size, so its
+    // one character longer lines cut the final line end of a short last line (intended).
     for (size_t n : {1u, 16u, 17u, 4096u}) {
         const std::vector<uint8_t> bytes = Counting(n);
         std::vector<char> out(HexDumpBufferSize(n) - 1, 'x');
@@ -134,7 +132,7 @@ std::string Utf16(const std::string& ascii) {
 
 using Strings = std::vector<std::u16string>;
 
-TEST(ImageStringScan, LengthChangeAndCharacterRules) {
+TEST(ImageStringScan, LengthChangeAndCharacterRulesRunsCutInto255NeverPastTheFileAndStopWhenTheSinkDoes) {
     const std::string z(1, '\0');
     EXPECT_EQ(Extract("aaaaaa" + z + "abcde" + z), (Strings{u"abcde"}));
     EXPECT_EQ(Extract(z + Utf16("abc") + z + "abcd" + z), (Strings{u"abc"}));
@@ -144,9 +142,6 @@ TEST(ImageStringScan, LengthChangeAndCharacterRules) {
     EXPECT_FALSE(lmvx::IsImageStartChar(0xDF));
     EXPECT_FALSE(lmvx::IsImageContinueChar('~'));
     EXPECT_TRUE(lmvx::IsImageStartChar('"'));
-}
-
-TEST(ImageStringScan, RunsAreCutInto255NeverPastTheFileAndStopWhenTheSinkDoes) {
     std::string run;
     for (int i = 0; i < 600; ++i) run += static_cast<char>('a' + i % 26);
     const Strings found = Extract(run);
@@ -168,16 +163,13 @@ TEST(ImageStringScan, RunsAreCutInto255NeverPastTheFileAndStopWhenTheSinkDoes) {
 constexpr uint32_t kCommit = 0x1000, kReserve = 0x2000, kFree = 0x10000;
 constexpr uint32_t kPrivate = 0x20000, kMapped = 0x40000, kImage = 0x1000000;
 
-TEST(RegionText, ProtectionByExactValue) {
+TEST(RegionText, ProtectionByExactValueStateTypeAndAddressParse) {
     const std::pair<uint32_t, const wchar_t*> cases[] = {
         {0x01, L"PAGE_NOACCESS"}, {0x04, L"PAGE_READWRITE"}, {0x80, L"PAGE_EXECUTE_WRITECOPY"},
         {0x00, L"Undef"}, {0x104, L"0x00000104"}, {0x204, L"0x00000204"},
     };
     for (const auto& [protect, text] : cases) EXPECT_EQ(RegionProtectText(kCommit, protect, L"Undef"), text) << protect;
     EXPECT_EQ(RegionProtectText(kFree, 0x04, L"Undef"), L"Undef");
-}
-
-TEST(RegionText, StateTypeAndAddressParse) {
     EXPECT_EQ(RegionStateText(kCommit), L"MEM_COMMIT");
     EXPECT_EQ(RegionStateText(kReserve), L"MEM_RESERVE");
     EXPECT_EQ(RegionStateText(kFree), L"MEM_FREE");
