@@ -82,17 +82,11 @@ std::optional<_CONNECTIONOBJECT> FindByPorts(const _CONNECTIONLIST& list, int pr
 
 // Which list holds an endpoint of the test process: its own, or where the system's tables name no owner (under
 // Wine in some sandboxes every row has owner 0) the list of process 0, so the rows can still be checked.
-struct EndpointOwner {
-    DWORD processId = 0;
-    bool ownersReported = false;
-};
-
-EndpointOwner OwnerOf(int protocol, unsigned localPort) {
-    const DWORD self = GetCurrentProcessId();
+DWORD OwnerOf(int protocol, unsigned localPort) {
     _CONNECTIONLIST list;
-    if (list.QueryProcessList(self) && FindByPorts(list, protocol, localPort, 0)) return {self, true};
-    if (list.QueryProcessList(0) && FindByPorts(list, protocol, localPort, 0)) return {0, false};
-    return {self, true};   // not listed at all: the tests using it fail with their own message
+    if (list.QueryProcessList(GetCurrentProcessId()) && FindByPorts(list, protocol, localPort, 0)) return GetCurrentProcessId();
+    if (list.QueryProcessList(0) && FindByPorts(list, protocol, localPort, 0)) return 0;
+    return GetCurrentProcessId();   // not listed at all: the tests using it fail with their own message
 }
 
 class OwnEndpoints : public ::testing::Test {
@@ -112,19 +106,16 @@ protected:
         udpPort_ = LocalPortOf(udp_);
         owner_ = OwnerOf(kProtocolTcp, listenerPort_);
         ASSERT_EQ(1, list_.Init());
-        ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
+        ASSERT_EQ(1, list_.QueryProcessList(owner_));
     }
 
     Socket listener_, client_, server_, udp_;
     unsigned listenerPort_ = 0, clientPort_ = 0, udpPort_ = 0;
-    EndpointOwner owner_;
+    DWORD owner_ = 0;
     _CONNECTIONLIST list_;
 };
 
 TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
-    if (owner_.ownersReported) {
-        EXPECT_EQ(GetCurrentProcessId(), owner_.processId);
-    }
     const auto listener = FindByPorts(list_, kProtocolTcp, listenerPort_, 0);
     ASSERT_TRUE(listener.has_value()) << "no TCP endpoint on port " << listenerPort_;
     EXPECT_EQ(static_cast<unsigned>(MIB_TCP_STATE_LISTEN), listener->GetState());
@@ -178,11 +169,11 @@ TEST_F(OwnEndpoints, AreListedWithTheirStatesAddressesAndStableDistinctIds) {
         return ids;
     };
     const auto first = ownIds();
-    ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
+    ASSERT_EQ(1, list_.QueryProcessList(owner_));
     EXPECT_EQ(first, ownIds());
 
     udp_.Close();
-    ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
+    ASSERT_EQ(1, list_.QueryProcessList(owner_));
     EXPECT_FALSE(FindByPorts(list_, kProtocolUdp, udpPort_, 0).has_value()) << "a closed socket leaves the list";
     EXPECT_TRUE(FindByPorts(list_, kProtocolTcp, listenerPort_, 0).has_value());
 }
@@ -211,25 +202,22 @@ TEST_F(OwnEndpoints, HostNamesAreLookedUpInBoundedTimeAndShared) {
 
     _CONNECTIONLIST other;   // shows the name found before without resolving
     ASSERT_EQ(1, other.Init());
-    ASSERT_EQ(1, other.QueryProcessList(owner_.processId));
+    ASSERT_EQ(1, other.QueryProcessList(owner_));
     const auto again = FindByPorts(other, kProtocolTcp, listenerPort_, 0);
     ASSERT_TRUE(again.has_value());
     EXPECT_EQ(name, again->GetLocalHostname());
 }
 
 TEST_F(OwnEndpoints, CopiesOutliveTheListAndDeleteEmptiesItUntilInitStartsOver) {
-    _CONNECTIONLIST fresh;   // empty before Init, after it and for a process id that names no process
-    EXPECT_EQ(0u, fresh.GetItemCount());
-    ASSERT_EQ(1, fresh.Init());
-    EXPECT_EQ(0u, fresh.GetItemCount());
-    EXPECT_EQ(1, fresh.QueryProcessList(GetCurrentProcessId() + 1));   // ids are multiples of four
-    EXPECT_EQ(0u, fresh.GetItemCount());
+    // A list is empty before Init, after it and for a process id that names no process (ids are multiples of four).
     // The program zeroes a reused record that holds a list and then calls Init: that must work.
     alignas(_CONNECTIONLIST) unsigned char storage[sizeof(_CONNECTIONLIST)] = {};
     auto* zeroed = reinterpret_cast<_CONNECTIONLIST*>(storage);
     EXPECT_EQ(0u, zeroed->GetItemCount());
     ASSERT_EQ(1, zeroed->Init());
-    EXPECT_EQ(1, zeroed->QueryProcessList(GetCurrentProcessId()));
+    EXPECT_EQ(0u, zeroed->GetItemCount());
+    EXPECT_EQ(1, zeroed->QueryProcessList(GetCurrentProcessId() + 1));
+    EXPECT_EQ(0u, zeroed->GetItemCount());
     EXPECT_EQ(1, zeroed->Delete());
 
     const _CONNECTIONOBJECT past = list_.GetItem(list_.GetItemCount());
@@ -247,7 +235,7 @@ TEST_F(OwnEndpoints, CopiesOutliveTheListAndDeleteEmptiesItUntilInitStartsOver) 
     EXPECT_EQ(0u, list_.GetItemCount());
     EXPECT_EQ(0, list_.ResolveAddresses());   // nothing to resolve in a deleted list
     ASSERT_EQ(1, list_.Init());
-    ASSERT_EQ(1, list_.QueryProcessList(owner_.processId));
+    ASSERT_EQ(1, list_.QueryProcessList(owner_));
     EXPECT_TRUE(FindByPorts(list_, kProtocolUdp, udpPort_, 0).has_value());
 }
 
@@ -256,20 +244,18 @@ TEST(IPv6Endpoints, ListsAListenerAndAUdpSocketOnIPv6Loopback) {
     const Socket listener = OnLoopback(AF_INET6, SOCK_STREAM);
     const Socket udp = OnLoopback(AF_INET6, SOCK_DGRAM);
     if (!listener || !udp) GTEST_SKIP() << "the network stack refuses sockets on ::1 (error " << WSAGetLastError() << ")";
-    const unsigned port = LocalPortOf(listener);
+    const unsigned port = LocalPortOf(listener), udpPort = LocalPortOf(udp);
     _CONNECTIONLIST list;
     ASSERT_EQ(1, list.Init());
-    ASSERT_EQ(1, list.QueryProcessList(OwnerOf(kProtocolTcp6, port).processId));
+    ASSERT_EQ(1, list.QueryProcessList(OwnerOf(kProtocolTcp6, port)));
     const auto item = FindByPorts(list, kProtocolTcp6, port, 0);
     ASSERT_TRUE(item.has_value()) << "no TCPv6 endpoint on port " << port;
     EXPECT_EQ(std::wstring(L"TCPv6"), item->GetProtocolStr());
     EXPECT_EQ(static_cast<unsigned>(MIB_TCP_STATE_LISTEN), item->GetState());
     EXPECT_EQ(0, std::memcmp(&in6addr_loopback, item->GetLocalIP6Address(), 16));
     EXPECT_EQ(0u, item->GetLocalAddress());
-
-    ASSERT_EQ(1, list.QueryProcessList(OwnerOf(kProtocolUdp6, LocalPortOf(udp)).processId));
-    const auto udpItem = FindByPorts(list, kProtocolUdp6, LocalPortOf(udp), 0);
-    ASSERT_TRUE(udpItem.has_value()) << "no UDPv6 endpoint on port " << LocalPortOf(udp);
+    const auto udpItem = FindByPorts(list, kProtocolUdp6, udpPort, 0);
+    ASSERT_TRUE(udpItem.has_value()) << "no UDPv6 endpoint on port " << udpPort;
     EXPECT_EQ(std::wstring(L"UDPv6"), udpItem->GetProtocolStr());
     EXPECT_EQ(std::wstring(), udpItem->GetStateStr());
 }

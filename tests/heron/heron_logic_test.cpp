@@ -23,13 +23,10 @@ namespace heron {
 namespace {
 
 // A table's IPv4 value from its bytes in memory order.
-DWORD IPv4TableValue(std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3) {
-    const std::uint8_t bytes[4] = {b0, b1, b2, b3};
+DWORD IPv4TableValue(const std::array<std::uint8_t, 4>& bytes) {
     DWORD value = 0;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
+    return std::memcpy(&value, bytes.data(), sizeof value), value;
 }
-
 
 auto Fields(const Endpoint& e) {
     return std::tie(e.protocol, e.processId, e.localAddress, e.remoteAddress, e.localScopeId, e.remoteScopeId,
@@ -39,8 +36,8 @@ auto Fields(const Endpoint& e) {
 // Every field of the endpoint, each row kind with fields that tell the members apart.
 TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWhatItHas) {
     // Whatever the system leaves in the upper two bytes of a port is not part of it.
-    MIB_TCPROW_OWNER_MODULE tcp{MIB_TCP_STATE_ESTAB, IPv4TableValue(127, 0, 0, 1), htons(50000) | 0xABCD0000u,
-                                IPv4TableValue(93, 184, 216, 34), htons(443) | 0x12340000u, 1234, {}, {}};
+    MIB_TCPROW_OWNER_MODULE tcp{MIB_TCP_STATE_ESTAB, IPv4TableValue({127, 0, 0, 1}), htons(50000) | 0xABCD0000u,
+                                IPv4TableValue({93, 184, 216, 34}), htons(443) | 0x12340000u, 1234, {}, {}};
     tcp.liCreateTimestamp.QuadPart = 132000000000000000ll;
     EXPECT_EQ(Fields(EndpointFromRow(tcp)),
               Fields(Endpoint{.protocol = MakeProtocolCode(false, false), .processId = 1234, .localAddress = {127, 0, 0, 1},
@@ -57,7 +54,7 @@ TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWha
               Fields(Endpoint{.protocol = MakeProtocolCode(false, true), .processId = 5, .localAddress = ipv6Loopback,
                               .remoteAddress = {0xFE, 0x80}, .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000,
                               .remotePort = 6001, .state = MIB_TCP_STATE_SYN_SENT}));
-    const MIB_UDPROW_OWNER_PID udp{IPv4TableValue(10, 0, 0, 9), htons(53), 9};
+    const MIB_UDPROW_OWNER_PID udp{IPv4TableValue({10, 0, 0, 9}), htons(53), 9};
     EXPECT_EQ(Fields(EndpointFromRow(udp)), Fields(Endpoint{.protocol = MakeProtocolCode(true, false), .processId = 9,
                                                             .localAddress = {10, 0, 0, 9}, .localPort = 53}));
     MIB_UDP6ROW_OWNER_MODULE udp6{{}, 2, htons(5353), 0, {}, {}, {}};
