@@ -16,11 +16,8 @@
 namespace heron {
 namespace {
 
-AddressKey TestAddress(std::uint8_t last) {
-    AddressKey key;
-    key.address = {192, 0, 2, last};   // documentation range: never a real host
-    return key;
-}
+// An address of the documentation range: never a real host.
+AddressKey TestAddress(std::uint8_t last) { return AddressKey{.address = {192, 0, 2, last}}; }
 
 TEST(HostResolver, ReturnsWhileALookupRunsAndLooksEachAddressUpOnceForEveryResolver) {
     std::promise<void> release;

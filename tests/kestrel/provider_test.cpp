@@ -110,17 +110,13 @@ SYSTEMTIME LocalCreationTime(HANDLE process) {
     return time;
 }
 
-// The process's private bytes as NtQueryInformationProcess(ProcessVmCounters) gives them; 0 on failure.
+// The process's private bytes as NtQueryInformationProcess(ProcessVmCounters) gives them: on 64-bit Windows the
+// counters are twelve words, the page fault count padded to one, and the private bytes are the last; 0 on failure.
 SIZE_T PrivateUsage(HANDLE process) {
-    struct {
-        SIZE_T PeakVirtualSize, VirtualSize;
-        ULONG PageFaultCount;
-        SIZE_T PeakWorkingSetSize, WorkingSetSize, QuotaPeakPagedPoolUsage, QuotaPagedPoolUsage;
-        SIZE_T QuotaPeakNonPagedPoolUsage, QuotaNonPagedPoolUsage, PagefileUsage, PeakPagefileUsage, PrivateUsage;
-    } counters{};
+    SIZE_T counters[12] = {};
     using QueryFn = LONG(WINAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
     const auto query = reinterpret_cast<QueryFn>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess"));
-    return query && query(process, 3 /* ProcessVmCounters */, &counters, sizeof counters, nullptr) == 0 ? counters.PrivateUsage : 0;
+    return query && query(process, 3 /* ProcessVmCounters */, counters, sizeof counters, nullptr) == 0 ? counters[11] : 0;
 }
 
 // The child's only child burns a processor: it sits right below the child in the tree and shows CPU usage.

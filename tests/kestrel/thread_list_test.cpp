@@ -64,13 +64,11 @@ TEST(ThreadList, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
     ASSERT_TRUE(process && thread);
     kestrel::_SI_STACKDUMP stack;
     ASSERT_TRUE(stack.CreateStackDump(process, thread, nullptr));
-    bool childFrame = false;
-    bool knownFunction = false;
+    bool childFrame = false, knownFunction = false;
     bool systemExport = false;   // a frame of the system's modules, named from their exports
     for (unsigned i = 0; i < stack.frameCount; ++i) {
         const kestrel::_SI_STACKFRAME frame = stack.GetFrame(i);
-        std::wstring path = frame.modulePath;
-        childFrame |= path.find(L"lmvx_test_child.exe") != std::wstring::npos;
+        childFrame |= std::wstring(frame.modulePath).find(L"lmvx_test_child.exe") != std::wstring::npos;
         knownFunction |= std::wstring(frame.callText).find(L"BlockedInChildWait") != std::wstring::npos;
         systemExport |= std::wstring(frame.callText).find(L"kernel32.dll!BaseThreadInitThunk+0x") == 0;
     }
