@@ -7,11 +7,10 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
-#include <iterator>
-#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "byte_order.h"
@@ -24,13 +23,10 @@ namespace heron {
 namespace {
 
 // A table's IPv4 value from its bytes in memory order.
-DWORD IPv4TableValue(std::uint8_t b0, std::uint8_t b1, std::uint8_t b2, std::uint8_t b3) {
-    const std::uint8_t bytes[4] = {b0, b1, b2, b3};
+DWORD IPv4TableValue(const std::array<std::uint8_t, 4>& bytes) {
     DWORD value = 0;
-    std::memcpy(&value, bytes, sizeof value);
-    return value;
+    return std::memcpy(&value, bytes.data(), sizeof value), value;
 }
-
 
 auto Fields(const Endpoint& e) {
     return std::tie(e.protocol, e.processId, e.localAddress, e.remoteAddress, e.localScopeId, e.remoteScopeId,
@@ -40,8 +36,8 @@ auto Fields(const Endpoint& e) {
 // Every field of the endpoint, each row kind with fields that tell the members apart.
 TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWhatItHas) {
     // Whatever the system leaves in the upper two bytes of a port is not part of it.
-    MIB_TCPROW_OWNER_MODULE tcp{MIB_TCP_STATE_ESTAB, IPv4TableValue(127, 0, 0, 1), htons(50000) | 0xABCD0000u,
-                                IPv4TableValue(93, 184, 216, 34), htons(443) | 0x12340000u, 1234, {}, {}};
+    MIB_TCPROW_OWNER_MODULE tcp{MIB_TCP_STATE_ESTAB, IPv4TableValue({127, 0, 0, 1}), htons(50000) | 0xABCD0000u,
+                                IPv4TableValue({93, 184, 216, 34}), htons(443) | 0x12340000u, 1234, {}, {}};
     tcp.liCreateTimestamp.QuadPart = 132000000000000000ll;
     EXPECT_EQ(Fields(EndpointFromRow(tcp)),
               Fields(Endpoint{.protocol = MakeProtocolCode(false, false), .processId = 1234, .localAddress = {127, 0, 0, 1},
@@ -53,45 +49,33 @@ TEST(EndpointFromRow, EachTableKindGivesItsProtocolHostOrderPortsAddressesAndWha
 
     MIB_TCP6ROW_OWNER_PID tcp6{{}, 4, htons(6000), {0xFE, 0x80}, 3, htons(6001), MIB_TCP_STATE_SYN_SENT, 5};
     tcp6.ucLocalAddr[15] = 1;   // ::1
-    Endpoint expected{.protocol = MakeProtocolCode(false, true), .processId = 5, .remoteAddress = {0xFE, 0x80},
-                      .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000, .remotePort = 6001,
-                      .state = MIB_TCP_STATE_SYN_SENT};
-    expected.localAddress[15] = 1;
-    EXPECT_EQ(Fields(EndpointFromRow(tcp6)), Fields(expected));
-
-    const MIB_UDPROW_OWNER_PID udp{IPv4TableValue(10, 0, 0, 9), htons(53), 9};
+    const std::array<std::uint8_t, 16> ipv6Loopback{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1};
+    EXPECT_EQ(Fields(EndpointFromRow(tcp6)),
+              Fields(Endpoint{.protocol = MakeProtocolCode(false, true), .processId = 5, .localAddress = ipv6Loopback,
+                              .remoteAddress = {0xFE, 0x80}, .localScopeId = 4, .remoteScopeId = 3, .localPort = 6000,
+                              .remotePort = 6001, .state = MIB_TCP_STATE_SYN_SENT}));
+    const MIB_UDPROW_OWNER_PID udp{IPv4TableValue({10, 0, 0, 9}), htons(53), 9};
     EXPECT_EQ(Fields(EndpointFromRow(udp)), Fields(Endpoint{.protocol = MakeProtocolCode(true, false), .processId = 9,
                                                             .localAddress = {10, 0, 0, 9}, .localPort = 53}));
     MIB_UDP6ROW_OWNER_MODULE udp6{{}, 2, htons(5353), 0, {}, {}, {}};
     udp6.ucLocalAddr[15] = 1;
     udp6.liCreateTimestamp.QuadPart = 5;
-    expected = Endpoint{.protocol = MakeProtocolCode(true, true), .localScopeId = 2, .localPort = 5353, .creationTime = 5};
-    expected.localAddress[15] = 1;
-    EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(expected));
+    EXPECT_EQ(Fields(EndpointFromRow(udp6)), Fields(Endpoint{.protocol = MakeProtocolCode(true, true), .localAddress = ipv6Loopback,
+                                                             .localScopeId = 2, .localPort = 5353, .creationTime = 5}));
 }
 
-TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrder) {
+TEST(AppendRowsOwnedBy, AppendsOnlyTheRowsOfTheProcessInTableOrderKeepingWhatIsThere) {
     struct {
         DWORD dwNumEntries = 3;
         MIB_TCPROW_OWNER_PID table[3] = {};
     } rows;
-    const DWORD owners[] = {100, 200, 100}, ports[] = {1001, 2001, 1002};
-    for (int i = 0; i < 3; ++i) {
-        rows.table[i].dwOwningPid = owners[i];
-        rows.table[i].dwLocalPort = htons(static_cast<u_short>(ports[i]));
-    }
-    const auto portsOf = [](const std::vector<Endpoint>& endpoints) {
-        std::vector<std::uint32_t> seen;
-        for (const Endpoint& endpoint : endpoints) seen.push_back(endpoint.localPort);
-        return seen;
-    };
+    const DWORD owners[] = {100, 200, 100};
+    for (DWORD i = 0; i < 3; ++i) rows.table[i] = {.dwLocalPort = htons(static_cast<u_short>(1000 + i)), .dwOwningPid = owners[i]};
     std::vector<Endpoint> endpoints;
-    AppendRowsOwnedBy(rows, 100, endpoints);
-    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002}));
-    AppendRowsOwnedBy(rows, 200, endpoints);   // appends, keeps what is there
-    EXPECT_EQ(portsOf(endpoints), (std::vector<std::uint32_t>{1001, 1002, 2001}));
-    AppendRowsOwnedBy(rows, 300, endpoints);
-    EXPECT_EQ(endpoints.size(), 3u);
+    for (DWORD owner : {100, 200, 300}) AppendRowsOwnedBy(rows, owner, endpoints);
+    std::vector<std::uint32_t> ports;
+    for (const Endpoint& endpoint : endpoints) ports.push_back(endpoint.localPort);
+    EXPECT_EQ(ports, (std::vector<std::uint32_t>{1000, 1002, 1001}));
 }
 
 // Packed IPv4 values are the system's in_addr; an address is unspecified only when every byte is zero.
@@ -110,16 +94,8 @@ TEST(ByteOrder, PackedIPv4IsTheSystemsInAddrAndUnspecifiedMeansAllZero) {
     }
 }
 
-TEST(TcpStateText, NamesEveryStateOfTheSystemTablesAndNothingElse) {
-    const wchar_t* expected[] = {L"",         L"CLOSED",    L"LISTEN",   L"SYN-SENT",  L"SYN-RCVD",
-                                 L"ESTABLISHED", L"FIN-WAIT1", L"FIN-WAIT2", L"CLOSE-WAIT", L"CLOSING",
-                                 L"LAST-ACK", L"TIME-WAIT", L"DELETE-TCB", L""};
-    for (unsigned state = 0; state < std::size(expected); ++state)
-        EXPECT_EQ(std::wstring(expected[state]), TcpStateText(state)) << "state " << state;
-    EXPECT_EQ(std::wstring(), TcpStateText(0xFFFFFFFFu));
-}
-
-TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
+// Bit zero is IPv6, bit four UDP; each protocol and each state of the system's tables has its text, nothing else.
+TEST(ProtocolAndStateTexts, ProtocolBitsAndTextsAndTheStatesOfTheSystemTablesOnly) {
     const struct {
         bool udp, ipv6;
         int code;
@@ -133,17 +109,18 @@ TEST(ProtocolCode, BitZeroIsIPv6BitFourIsUdpAndEachHasItsText) {
     }
     EXPECT_EQ(std::wstring(), ProtocolText(2));
     EXPECT_EQ(std::wstring(), ProtocolText(-1));
+    const std::pair<unsigned, const wchar_t*> states[] = {
+        {0, L""}, {1, L"CLOSED"}, {5, L"ESTABLISHED"}, {12, L"DELETE-TCB"}, {13, L""}, {0xFFFFFFFF, L""}};
+    for (const auto& [state, text] : states) EXPECT_EQ(std::wstring(text), TcpStateText(state)) << state;
 }
 
 TEST(CopyHostname, CopiesWhatFitsTerminatedAndClearsForAnEmptyName) {
     wchar_t field[6];
     std::fill(std::begin(field), std::end(field), L'#');
-    CopyHostname(field, std::size(field), L"host");
-    EXPECT_EQ(std::wstring(L"host"), field);
-    CopyHostname(field, std::size(field), L"abcdefghij");
-    EXPECT_EQ(std::wstring(L"abcde"), field);
-    CopyHostname(field, std::size(field), L"");
-    EXPECT_EQ(std::wstring(), field);
+    for (const auto& [name, copied] : {std::pair{L"host", L"host"}, {L"abcdefghij", L"abcde"}, {L"", L""}}) {
+        CopyHostname(field, std::size(field), name);
+        EXPECT_EQ(std::wstring(copied), field);
+    }
 }
 
 Endpoint SampleEndpoint() {
@@ -179,13 +156,28 @@ TEST(ComputeGenericID, EveryIdentifyingFieldAndNothingElseChangesTheId) {
     EXPECT_EQ(original, ComputeGenericID(endpoint));
 }
 
-TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctIds) {
-    std::vector<Endpoint> endpoints;
-    for (std::uint32_t port = 1000; port < 1010; ++port) {
+// Two different endpoints whose hashes collide, found by a deterministic search over owners and ports (a 32-bit
+// hash has colliding pairs among a few hundred thousand inputs); two empty endpoints when there is none.
+std::pair<Endpoint, Endpoint> FindCollision() {
+    const auto candidate = [](std::uint32_t index) {
         Endpoint endpoint = SampleEndpoint();
-        endpoint.localPort = port;
-        endpoints.push_back(endpoint);
+        endpoint.processId = index * 2654435761u;   // a different owner for every index
+        endpoint.localPort = index & 0xFFFF;
+        endpoint.remotePort = index >> 16;
+        return endpoint;
+    };
+    std::unordered_map<std::uint32_t, std::uint32_t> seen;   // hash, candidate index
+    for (std::uint32_t index = 0; index < 2000000; ++index) {
+        const auto [earlier, added] = seen.emplace(ComputeGenericID(candidate(index)), index);
+        if (!added) return {candidate(earlier->second), candidate(index)};
     }
+    return {};
+}
+
+// Distinct endpoints keep their hashes; duplicates and collisions get distinct ids, the same whatever the order.
+TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesAndCollisionsAreSettledWhateverTheOrder) {
+    std::vector<Endpoint> endpoints(10, SampleEndpoint());
+    for (std::uint32_t i = 0; i < endpoints.size(); ++i) endpoints[i].localPort = 1000 + i;
     const auto ids = AssignGenericIDs(endpoints);
     ASSERT_EQ(endpoints.size(), ids.size());
     for (std::size_t i = 0; i < endpoints.size(); ++i) EXPECT_EQ(ComputeGenericID(endpoints[i]), ids[i]);
@@ -197,39 +189,9 @@ TEST(AssignGenericIDs, DistinctEndpointsKeepTheirHashesAndDuplicatesGetDistinctI
     EXPECT_EQ(3u, distinct.size());
     EXPECT_EQ(0u, distinct.count(0));
     EXPECT_EQ(ComputeGenericID(SampleEndpoint()), duplicates[0]);
-}
 
-// Two different endpoints whose hashes collide, found by a deterministic search over pseudo-random owners
-// and ports (a 32-bit hash has colliding pairs among a few hundred thousand inputs).
-std::optional<std::pair<Endpoint, Endpoint>> FindCollision() {
-    constexpr std::uint32_t kCandidates = 300000;
-    const auto candidate = [](std::uint32_t index) {
-        Endpoint endpoint = SampleEndpoint();
-        std::uint32_t state = index;
-        for (int round = 0; round < 3; ++round) state = state * 1664525u + 1013904223u;   // LCG steps
-        endpoint.processId = state;
-        endpoint.localPort = (state >> 7) & 0xFFFF;
-        endpoint.remotePort = index & 0xFFFF;
-        return endpoint;
-    };
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> hashes;   // hash, candidate index
-    hashes.reserve(kCandidates);
-    for (std::uint32_t index = 0; index < kCandidates; ++index) {
-        hashes.emplace_back(ComputeGenericID(candidate(index)), index);
-    }
-    std::sort(hashes.begin(), hashes.end());
-    for (std::size_t i = 1; i < hashes.size(); ++i) {
-        if (hashes[i].first == hashes[i - 1].first) {
-            return std::make_pair(candidate(hashes[i - 1].second), candidate(hashes[i].second));
-        }
-    }
-    return std::nullopt;
-}
-
-TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
-    const auto collision = FindCollision();
-    ASSERT_TRUE(collision.has_value()) << "no colliding pair in the search range";
-    const auto& [first, second] = *collision;
+    const auto [first, second] = FindCollision();
+    ASSERT_NE(first.processId, second.processId) << "no colliding pair in the search range";
     ASSERT_EQ(ComputeGenericID(first), ComputeGenericID(second));
 
     const auto forward = AssignGenericIDs({first, second});
@@ -238,9 +200,9 @@ TEST(AssignGenericIDs, CollisionsAreSettledTheSameWayWhateverTheListingOrder) {
     EXPECT_EQ(forward[0], backward[1]);
     EXPECT_EQ(forward[1], backward[0]);
     // One of the two keeps the hash; the other gets the next value.
-    const std::set<std::uint32_t> ids(forward.begin(), forward.end());
-    EXPECT_EQ(1u, ids.count(ComputeGenericID(first)));
-    EXPECT_EQ(1u, ids.count(ComputeGenericID(first) + 1 == 0 ? 1 : ComputeGenericID(first) + 1));
+    const std::set<std::uint32_t> settled(forward.begin(), forward.end());
+    EXPECT_EQ(1u, settled.count(ComputeGenericID(first)));
+    EXPECT_EQ(1u, settled.count(ComputeGenericID(first) + 1 == 0 ? 1 : ComputeGenericID(first) + 1));
 }
 
 }  // namespace

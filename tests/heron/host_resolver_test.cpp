@@ -10,51 +10,37 @@
 #include <future>
 #include <string>
 
+#include "message_pump.h"
 #include "name_cache.h"
 
 namespace heron {
 namespace {
 
-AddressKey TestAddress(std::uint8_t last) {
-    AddressKey key;
-    key.address = {192, 0, 2, last};   // documentation range: never a real host
-    return key;
-}
+// An address of the documentation range: never a real host.
+AddressKey TestAddress(std::uint8_t last) { return AddressKey{.address = {192, 0, 2, last}}; }
 
-// Waits (bounded) until the name cache knows the address.
-bool WaitUntilCached(const AddressKey& key, std::wstring& name) {
-    constexpr int kRounds = 200;
-    for (int round = 0; round < kRounds; ++round) {
-        if (FindCachedName(key, name)) return true;
-        Sleep(25);
-    }
-    return false;
-}
-
-TEST(HostResolver, ReturnsWhileALookupIsStillRunning) {
+TEST(HostResolver, ReturnsWhileALookupRunsAndLooksEachAddressUpOnceForEveryResolver) {
     std::promise<void> release;
     std::shared_future<void> released = release.get_future().share();
-    HostResolver resolver([released](const AddressKey&) {
+    HostResolver slow([released](const AddressKey&) {
         released.wait();
         return std::wstring(L"slow.example");
     });
-    const AddressKey key = TestAddress(1);
+    const AddressKey pending = TestAddress(1);
 
     // The lookup cannot finish before it is released, so Resolve can only come back by its budget.
-    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
-    std::wstring name;
-    EXPECT_FALSE(FindCachedName(key, name));
+    EXPECT_FALSE(slow.Resolve({pending}, std::chrono::milliseconds(50)));
+    std::wstring found;
+    EXPECT_FALSE(FindCachedName(pending, found));
     // Asking again does not queue the address a second time and does not wait for it.
-    EXPECT_FALSE(resolver.Resolve({key}, std::chrono::milliseconds(50)));
+    EXPECT_FALSE(slow.Resolve({pending}, std::chrono::milliseconds(50)));
 
     release.set_value();
-    ASSERT_TRUE(WaitUntilCached(key, name));
-    EXPECT_EQ(std::wstring(L"slow.example"), name);
-}
+    ASSERT_TRUE(lmvx_test::PollUntil([&] { return FindCachedName(pending, found); }));
+    EXPECT_EQ(std::wstring(L"slow.example"), found);
 
-// Each address is looked up once, a found name and the lack of one alike; IPv4 and IPv6 keys are apart; the
-// names stay for every later resolver.
-TEST(HostResolver, LooksEachAddressUpOnceWithOrWithoutANameForEveryResolver) {
+    // Each address is looked up once, a found name and the lack of one alike; IPv4 and IPv6 keys are apart; the
+    // names stay for every later resolver.
     const AddressKey four = TestAddress(2), nameless = TestAddress(3);
     AddressKey six = four;
     six.ipv6 = true;

@@ -4,13 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include "message_pump.h"
 
 namespace {
 
 using kestrel::detail::NameQueryWorker;
 
-// The "object" is an event: the query waits for it, as a name query waits for a held file object.
+// The "object" is an event the worker closes: the query waits for it, as a name query waits for a held file object.
 bool WaitingQuery(HANDLE object, std::wstring& name) {
     WaitForSingleObject(object, INFINITE);
     name = L"released";
@@ -25,11 +25,10 @@ HANDLE Copy(HANDLE event) {
 
 TEST(NameQueryWorker, AHangingQueryIsLeftBehindAndTheNextOneRunsOnANewWorker) {
     HANDLE blocked = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-    HANDLE open = CreateEventW(nullptr, TRUE, TRUE, nullptr);
     NameQueryWorker worker(WaitingQuery);
     std::wstring name;
     std::shared_ptr<kestrel::detail::NameQueryJob> stuck;
-    EXPECT_EQ(worker.Query(Copy(open), 5000, name, stuck), NameQueryWorker::Outcome::Named);
+    EXPECT_EQ(worker.Query(CreateEventW(nullptr, TRUE, TRUE, nullptr), 5000, name, stuck), NameQueryWorker::Outcome::Named);
     EXPECT_EQ(name, L"released");
 
     name.clear();
@@ -38,13 +37,11 @@ TEST(NameQueryWorker, AHangingQueryIsLeftBehindAndTheNextOneRunsOnANewWorker) {
     ASSERT_TRUE(stuck);
     EXPECT_FALSE(kestrel::detail::QueryFinished(*stuck));
     // The worker is free again at once, while the first one still hangs.
-    EXPECT_EQ(worker.Query(Copy(open), 5000, name, stuck), NameQueryWorker::Outcome::Named);
+    EXPECT_EQ(worker.Query(CreateEventW(nullptr, TRUE, TRUE, nullptr), 5000, name, stuck), NameQueryWorker::Outcome::Named);
 
     SetEvent(blocked);   // the hanging query returns; its worker closes its handle and ends
-    for (int i = 0; i < 4000 && !kestrel::detail::QueryFinished(*stuck); ++i) Sleep(5);
-    EXPECT_TRUE(kestrel::detail::QueryFinished(*stuck));
+    EXPECT_TRUE(lmvx_test::PollUntil([&] { return kestrel::detail::QueryFinished(*stuck); }));
     CloseHandle(blocked);
-    CloseHandle(open);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
-// The provider and the process actions against real processes: what every reader may rely on, children this
-// test starts (identity, tree, start data, counters, ending), readers under a refresh loop, the version data of
-// one file, which threads count for "suspended" (and that asking changes no thread), pausing and resuming, the
-// exit code of an ended process and a value that is no class.
+// The provider and the process actions against real processes: every record, children this test starts (identity,
+// tree, start data, counters, suspension, priority, ending), readers under a refresh loop, version data.
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <commctrl.h>
@@ -9,17 +7,17 @@
 
 #include <atomic>
 #include <cwchar>
-#include <functional>
 #include <string>
 #include <thread>
-#include <vector>
 #include <tuple>
+#include <vector>
 
 #include "child_process.h"
 #include "kestrel.h"
 #include "message_pump.h"
 
 using lmvx_test::ChildProcess;
+using lmvx_test::PollUntil;
 
 namespace {
 
@@ -27,54 +25,24 @@ class ProviderTest : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_EQ(list.Init(), 1); }
     void TearDown() override { list.Delete(); }
-
-    // Updates until the condition holds, at most `updates` times with a short pause between; true when it held.
-    bool UpdateUntil(const std::function<bool()>& condition, int updates = 100) {
-        for (int i = 0; i < updates; ++i) {
-            list.Update();
-            if (condition()) return true;
-            Sleep(50);
-        }
-        return false;
-    }
-
-    // The index of the first process whose parent is `parentPid`, or -1.
-    int FindChildOf(unsigned parentPid) const {
-        for (int i = 0; i < list.GetItemCount(); ++i) {
-            if (list.GetItemParentPID(i) == parentPid && list.GetItemPID(i) != parentPid) return i;
-        }
-        return -1;
-    }
-
     kestrel::TL_PROCESSLIST list;
 };
 
-// Date and time of day agree (the day of the week is not compared; milliseconds only when asked).
-inline void ExpectSameTime(const SYSTEMTIME& a, const SYSTEMTIME& e, bool milliseconds = true) {
-    EXPECT_EQ(std::tie(a.wYear, a.wMonth, a.wDay, a.wHour, a.wMinute, a.wSecond),
-              std::tie(e.wYear, e.wMonth, e.wDay, e.wHour, e.wMinute, e.wSecond));
-    if (milliseconds) {
-        EXPECT_EQ(a.wMilliseconds, e.wMilliseconds);
-    }
-}
-
+// Date and time of day (the day of the week is not compared).
+auto DateAndTime(const SYSTEMTIME& t) { return std::tie(t.wYear, t.wMonth, t.wDay, t.wHour, t.wMinute, t.wSecond); }
 
 void ExpectEmptyItem(const kestrel::TL_PROCESSLIST& list, int i) {
-    SCOPED_TRACE(i);
-    EXPECT_EQ(list.GetItemPID(i), 0u);
-    EXPECT_EQ(list.GetItemCPUUsage(i), 0u);
-    EXPECT_EQ(list.GetItemImageListIndex(i), -1);
-    EXPECT_STREQ(list.GetItemImageName(i), L"");
-    EXPECT_STREQ(list.GetItemPathName(i), L"");
-    EXPECT_STREQ(list.GetItemInfoDescription(i), L"");
-    EXPECT_EQ(list.GetItemIcon(i), nullptr);
-    EXPECT_EQ(list.GetItemDynamicData(i), nullptr);
-    EXPECT_EQ(list.GetItemStaticData(i), nullptr);
-    EXPECT_EQ(list.GetItemCreationTime(i).wYear, 0);
+    EXPECT_EQ(std::make_tuple(list.GetItemPID(i), list.GetItemCPUUsage(i), list.GetItemImageListIndex(i),
+                              list.GetItemCreationTime(i).wYear),
+              std::make_tuple(0u, 0u, -1, WORD{0})) << i;
+    EXPECT_EQ(std::make_tuple(std::wstring(list.GetItemImageName(i)), std::wstring(list.GetItemPathName(i)),
+                              std::wstring(list.GetItemInfoDescription(i))), std::make_tuple(L"", L"", L"")) << i;
+    EXPECT_TRUE(!list.GetItemIcon(i) && !list.GetItemDynamicData(i) && !list.GetItemStaticData(i)) << i;
 }
 
-
-TEST(ProviderBeforeInit, AnswersEmptyEverywhereAndAgainAfterDelete) {
+// Before Init and after Delete every answer is empty; in between every record is whole, and this process's
+// counters are those of the system.
+TEST(Provider, EveryRecordIsWholeBetweenInitAndDeleteAndThisProcesssCountersAreThoseOfTheSystem) {
     kestrel::TL_PROCESSLIST list;
     EXPECT_EQ(list.Update(), 0);
     EXPECT_EQ(list.GetItemCount(), 0);
@@ -83,18 +51,9 @@ TEST(ProviderBeforeInit, AnswersEmptyEverywhereAndAgainAfterDelete) {
     EXPECT_EQ(list.GetUpdateCount(), 0u);
     ExpectEmptyItem(list, 0);
     EXPECT_EQ(list.Delete(), 0);
-
     ASSERT_EQ(list.Init(), 1);
     ASSERT_EQ(list.Update(), 1);
-    ASSERT_GT(list.GetItemCount(), 0);
-    EXPECT_EQ(list.Delete(), 1);
-    EXPECT_EQ(list.GetItemCount(), 0);
-    ExpectEmptyItem(list, 0);
-}
-
-TEST_F(ProviderTest, EveryRecordIsWholeAndThisProcesssCountersAreThoseOfTheSystem) {
-    list.Update();
-    list.Update();
+    ASSERT_EQ(list.Update(), 1);
     ExpectEmptyItem(list, -1);
     ExpectEmptyItem(list, list.GetItemCount());
     ASSERT_GT(list.GetItemCount(), 0);
@@ -138,8 +97,10 @@ TEST_F(ProviderTest, EveryRecordIsWholeAndThisProcesssCountersAreThoseOfTheSyste
     EXPECT_LT(runTime.wHour, 24);
     EXPECT_LT(runTime.wMinute, 60);
     EXPECT_LT(cpuTime.wSecond, 60);
+    EXPECT_EQ(list.Delete(), 1);
+    EXPECT_EQ(list.GetItemCount(), 0);
+    ExpectEmptyItem(list, 0);
 }
-
 
 SYSTEMTIME LocalCreationTime(HANDLE process) {
     FILETIME creation{}, exit{}, kernel{}, user{}, local{};
@@ -149,153 +110,86 @@ SYSTEMTIME LocalCreationTime(HANDLE process) {
     return time;
 }
 
-// The process's private bytes as NtQueryInformationProcess(ProcessVmCounters) gives them; 0 on failure.
+// The process's private bytes as NtQueryInformationProcess(ProcessVmCounters) gives them: on 64-bit Windows the
+// counters are twelve words, the page fault count padded to one, and the private bytes are the last; 0 on failure.
 SIZE_T PrivateUsage(HANDLE process) {
-    struct {
-        SIZE_T PeakVirtualSize, VirtualSize;
-        ULONG PageFaultCount;
-        SIZE_T PeakWorkingSetSize, WorkingSetSize, QuotaPeakPagedPoolUsage, QuotaPagedPoolUsage;
-        SIZE_T QuotaPeakNonPagedPoolUsage, QuotaNonPagedPoolUsage, PagefileUsage, PeakPagefileUsage, PrivateUsage;
-    } counters{};
+    SIZE_T counters[12] = {};
     using QueryFn = LONG(WINAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
     const auto query = reinterpret_cast<QueryFn>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess"));
-    constexpr ULONG ProcessVmCounters = 3;
-    return query && query(process, ProcessVmCounters, &counters, sizeof counters, nullptr) == 0 ? counters.PrivateUsage : 0;
+    return query && query(process, 3 /* ProcessVmCounters */, counters, sizeof counters, nullptr) == 0 ? counters[11] : 0;
 }
 
-
-TEST_F(ProviderTest, AChildIsListedAsTheSystemSeesItUntilTheUpdateAfterItEnds) {
-    ChildProcess child(L"sleep 60000 \"a quoted argument\"");
+// The child's only child burns a processor: it sits right below the child in the tree and shows CPU usage.
+TEST_F(ProviderTest, ABurningGrandchildFormsABranchOfTheTreeAndShowsUsage) {
+    ChildProcess child(L"spawn burn 60000");
     ASSERT_TRUE(child.Started());
-    // The child's commit may still move while it settles: take an update between two equal readings of it.
-    SIZE_T privateBytes = 0;
-    for (int attempt = 0; attempt < 50 && privateBytes == 0; ++attempt) {
-        const SIZE_T before = PrivateUsage(child.Handle());
+    int grandchild = -1;
+    ASSERT_TRUE(PollUntil([&] {
         list.Update();
-        if (PrivateUsage(child.Handle()) == before) privateBytes = before;
-        else Sleep(50);
-    }
-    ASSERT_GT(privateBytes, 0u) << "the child's private bytes never held still across an update";
-    const int i = list.GetItemByPID(child.Pid());
-    const int self = list.GetItemByPID(GetCurrentProcessId());
-    ASSERT_GE(i, 0);
-    ASSERT_GE(self, 0);
-    EXPECT_EQ(list.GetItemDynamicData(i)->GetPrivateBytes(), privateBytes);
-    EXPECT_EQ(list.GetItemPID(i), child.Pid());
-    EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
-    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
-    EXPECT_EQ(_wcsicmp(list.GetItemPathName(i), ChildProcess::HelperPath().c_str()), 0) << list.GetItemPathName(i);
-    ExpectSameTime(list.GetItemCreationTime(i), LocalCreationTime(child.Handle()));
-
-    const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
-    ASSERT_NE(statics, nullptr);
-    EXPECT_EQ(std::wstring(statics->GetCommandLineW()), child.CommandLine());
-    wchar_t userName[256];
-    DWORD length = ARRAYSIZE(userName);
-    ASSERT_TRUE(GetUserNameW(userName, &length));
-    const std::wstring owner = statics->GetUsername();
-    const std::wstring suffix = std::wstring(L"\\") + userName;
-    ASSERT_GE(owner.size(), suffix.size()) << owner;
-    EXPECT_EQ(_wcsicmp(owner.substr(owner.size() - suffix.size()).c_str(), suffix.c_str()), 0) << owner;
-    EXPECT_EQ(owner, std::wstring(list.GetItemStaticData(self)->GetUsername()));
-
-    EXPECT_EQ(list.GetItemProcessPriority(i), GetPriorityClass(child.Handle()));
-    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
-    list.Update();
-    const int again = list.GetItemByPID(child.Pid());
-    ASSERT_GE(again, 0);
-    EXPECT_EQ(list.GetItemProcessPriority(again), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
-
-    child.End();
-    ASSERT_FALSE(child.IsRunning());
-    // Until the next update the snapshot still holds the ended process.
-    EXPECT_EQ(list.GetItemByPID(child.Pid()), again);
-    EXPECT_EQ(list.GetItemPID(again), child.Pid());
-    EXPECT_STREQ(list.GetItemImageName(again), L"lmvx_test_child.exe");
-    list.Update();
-    EXPECT_EQ(list.GetItemByPID(child.Pid()), -1);
-}
-
-TEST_F(ProviderTest, AChildAndItsGrandchildFormABranchOfTheTree) {
-    ChildProcess child(L"spawn sleep 60000");
-    ASSERT_TRUE(child.Started());
-    ASSERT_TRUE(UpdateUntil([&] { return FindChildOf(child.Pid()) >= 0; })) << "the grandchild never appeared";
-
+        for (grandchild = list.GetItemCount() - 1; grandchild >= 0; --grandchild)
+            if (list.GetItemParentPID(grandchild) == child.Pid() && list.GetItemPID(grandchild) != child.Pid()) break;
+        return grandchild >= 0;
+    })) << "the grandchild never appeared";
+    const unsigned grandchildPid = list.GetItemPID(grandchild);
     const int self = list.GetItemByPID(GetCurrentProcessId());
     const int parent = list.GetItemByPID(child.Pid());
-    const int grandchild = FindChildOf(child.Pid());
     ASSERT_GE(self, 0);
     ASSERT_GE(parent, 0);
     EXPECT_EQ(list.GetItemParentPID(parent), GetCurrentProcessId());
-    EXPECT_EQ(list.GetItemParentPID(grandchild), child.Pid());
     EXPECT_EQ(list.GetItemParentCount(parent, 0), list.GetItemParentCount(self, 0) + 1);
     EXPECT_EQ(list.GetItemParentCount(grandchild, 0), list.GetItemParentCount(parent, 0) + 1);
     // Depth first: the child's only child comes right after it, and both after this process.
     EXPECT_GT(list.GetItemTreePos(parent, 0), list.GetItemTreePos(self, 0));
     EXPECT_EQ(list.GetItemTreePos(grandchild, 0), list.GetItemTreePos(parent, 0) + 1);
-}
 
-TEST_F(ProviderTest, AChildThatBurnsCpuShowsUsage) {
-    ChildProcess child(L"burn 60000");
-    ASSERT_TRUE(child.Started());
-    list.Update();   // the first sight of the child: nothing to compare with yet
+    // Updates go on until the grandchild has had a share of a core between two of them, however loaded the machine.
     unsigned usage = 0;
-    // Updates go on until the child has had a share of a core between two of them, however loaded the machine.
-    for (int update = 0; update < 100 && usage == 0; ++update) {
-        Sleep(500);
+    EXPECT_TRUE(PollUntil([&] {
+        Sleep(200);   // a measurable interval between two updates, not a wait for an outcome
         list.Update();
-        const int i = list.GetItemByPID(child.Pid());
-        ASSERT_GE(i, 0);
-        usage = list.GetItemCPUUsage(i);
-    }
-    EXPECT_GT(usage, 0u);
+        const int i = list.GetItemByPID(grandchildPid);
+        return i >= 0 && (usage = list.GetItemCPUUsage(i)) > 0;
+    }, 60000));
     EXPECT_LE(usage, 100u);
 }
-
 
 // Reads the whole snapshot once; true when it was one snapshot throughout (no switch during the read) and
 // everything in it agreed: every pid maps back to its index, and every child sits one level below its parent.
 bool ReadConsistently(const kestrel::TL_PROCESSLIST& list, bool& consistent) {
     const unsigned before = list.GetUpdateCount();
-    bool agreed = true;
-    const int count = list.GetItemCount();
-    for (int i = 0; i < count; ++i) {
-        const unsigned pid = list.GetItemPID(i);
+    consistent = true;
+    for (int i = 0; i < list.GetItemCount(); ++i) {
         // Strings are read at once: they are only promised until the next update.
         const wchar_t* name = list.GetItemImageName(i);
         const wchar_t* path = list.GetItemPathName(i);
-        if (!name || !path) agreed = false;
+        if (!name || !path) consistent = false;
         else (void)(std::wcslen(name) + std::wcslen(path));
-        if (list.GetItemByPID(pid) != i) agreed = false;
+        if (list.GetItemByPID(list.GetItemPID(i)) != i) consistent = false;
         const int parent = list.GetItemByPID(list.GetItemParentPID(i));
         const int depth = list.GetItemParentCount(i, 0);
-        if (depth > 0 && (parent < 0 || list.GetItemParentCount(parent, 0) != depth - 1)) agreed = false;
+        if (depth > 0 && (parent < 0 || list.GetItemParentCount(parent, 0) != depth - 1)) consistent = false;
     }
-    const bool oneSnapshot = list.GetUpdateCount() == before;
-    consistent = agreed;
-    return oneSnapshot;
+    return list.GetUpdateCount() == before;
 }
 
-unsigned OwnHandleCount(const kestrel::TL_PROCESSLIST& list) {
-    return list.GetItemHandleCount(list.GetItemByPID(GetCurrentProcessId()));
-}
-
-
-TEST_F(ProviderTest, ReadersOnAnotherThreadAlwaysSeeWholeSnapshots) {
+// Readers on another thread always see whole snapshots, and the provider's own handle count does not grow.
+TEST_F(ProviderTest, ReadersSeeWholeSnapshotsWhileUpdatesRunAndTheHandleCountHolds) {
     ChildProcess child(L"spawn sleep 60000");   // some coming and going while we read
-    list.Update();
+    // Warm up: the provider opens what it keeps (process handles, the icon cache) on first sight.
+    for (int update = 0; update < 5; ++update) list.Update();
+    const unsigned handlesBefore = list.GetItemHandleCount(list.GetItemByPID(GetCurrentProcessId()));
+    ASSERT_GT(handlesBefore, 0u);
     std::atomic<bool> done{false};
     std::thread writer([&] {
         for (int update = 0; update < 300; ++update) list.Update();
         done = true;
     });
-    int wholeReads = 0;
-    int inconsistentReads = 0;
+    int wholeReads = 0, inconsistentReads = 0;
     do {
         bool consistent = false;
         if (ReadConsistently(list, consistent)) {
             ++wholeReads;
-            if (!consistent) ++inconsistentReads;
+            inconsistentReads += !consistent;
         }
     } while (!done);
     writer.join();
@@ -304,22 +198,17 @@ TEST_F(ProviderTest, ReadersOnAnotherThreadAlwaysSeeWholeSnapshots) {
     EXPECT_TRUE(consistent);
     EXPECT_GT(wholeReads, 0);
     EXPECT_EQ(inconsistentReads, 0);
+    EXPECT_LE(list.GetItemHandleCount(list.GetItemByPID(GetCurrentProcessId())), handlesBefore);
 }
 
-TEST_F(ProviderTest, OwnHandleCountDoesNotGrowOverManyUpdates) {
-    ChildProcess child(L"sleep 60000");
-    // Warm up: the provider opens what it keeps (process handles, the icon cache) on first sight.
-    for (int update = 0; update < 5; ++update) list.Update();
-    const unsigned before = OwnHandleCount(list);
-    ASSERT_GT(before, 0u);
-    for (int update = 0; update < 200; ++update) list.Update();
-    EXPECT_LE(OwnHandleCount(list), before);
-}
-
-TEST(ImageInfo, ReadsTheVersionResourceOfASystemLibraryAndTheBufferFormsCutAndTerminate) {
+// A system library's version resource, the buffer forms that cut and terminate, and a file without version
+// data (this test program): empty texts, its file name, and its link time as the time stamp.
+TEST(ImageInfo, ReadsVersionResourcesAndFallsBackToTheFileNameAndLinkTime) {
     wchar_t directory[MAX_PATH];
     const std::wstring kernel32 = std::wstring(directory, GetSystemDirectoryW(directory, MAX_PATH)) + L"\\kernel32.dll";
     kestrel::_IMAGEINFO info;
+    EXPECT_STREQ(info.GetDisplayName(), L"") << "before any file is read";
+    EXPECT_EQ(info.GetVersionHigh(), 0u);
     ASSERT_NE(info.LoadVersionInfo(kernel32.c_str()), 0);
     EXPECT_GT(wcslen(info.GetDisplayName()), 0u);
     EXPECT_NE(info.GetVersionHigh() | info.GetVersionLow(), 0u);
@@ -333,10 +222,7 @@ TEST(ImageInfo, ReadsTheVersionResourceOfASystemLibraryAndTheBufferFormsCutAndTe
     EXPECT_EQ(std::wstring(cut), product.substr(0, 2));
     wchar_t whole[256];
     EXPECT_EQ(std::wstring(info.GetProductName(whole, ARRAYSIZE(whole))), product);
-}
 
-// This test program has no version data: empty texts, its file name, and its link time as the time stamp.
-TEST(ImageInfo, AFileWithoutVersionDataGivesEmptyTextsItsFileNameAndItsLinkTime) {
     const auto* base = reinterpret_cast<const BYTE*>(GetModuleHandleW(nullptr));
     const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + reinterpret_cast<const IMAGE_DOS_HEADER*>(base)->e_lfanew);
     const ULONGLONG ticks = 116444736000000000ULL + headers->FileHeader.TimeDateStamp * 10000000ULL;
@@ -345,17 +231,14 @@ TEST(ImageInfo, AFileWithoutVersionDataGivesEmptyTextsItsFileNameAndItsLinkTime)
     ASSERT_TRUE(FileTimeToSystemTime(&linkTime, &expected));
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-
-    kestrel::_IMAGEINFO info;
-    EXPECT_STREQ(info.GetDisplayName(), L"") << "before any file is read";
-    EXPECT_EQ(info.GetVersionHigh(), 0u);
-    EXPECT_EQ(info.LoadVersionInfo(path), 0);
-    EXPECT_STREQ(info.GetDisplayName(), L"kestrel_provider_tests.exe");
-    EXPECT_STREQ(info.GetCompanyName(), L"");
-    EXPECT_STREQ(info.GetProductName(), L"");
+    kestrel::_IMAGEINFO plain;
+    EXPECT_EQ(plain.LoadVersionInfo(path), 0);
+    EXPECT_STREQ(plain.GetDisplayName(), L"kestrel_provider_tests.exe");
+    EXPECT_STREQ(plain.GetCompanyName(), L"");
+    EXPECT_STREQ(plain.GetProductName(), L"");
     wchar_t copyright[16] = L"unchanged";
-    EXPECT_STREQ(info.GetCopyright(copyright, ARRAYSIZE(copyright)), L"");
-    ExpectSameTime(info.GetTimeStamp(), expected, false);
+    EXPECT_STREQ(plain.GetCopyright(copyright, ARRAYSIZE(copyright)), L"");
+    EXPECT_EQ(DateAndTime(plain.GetTimeStamp()), DateAndTime(expected));
 
     kestrel::_IMAGEINFO missing;
     EXPECT_EQ(missing.LoadVersionInfo(L"C:\\no such folder\\no such file.exe"), 0);
@@ -407,24 +290,63 @@ void ExpectCheckAnswersAndChangesNothing(DWORD pid, const std::vector<HANDLE>& t
     EXPECT_EQ(changedCounts, 0) << "suspend count " << given;
 }
 
-TEST(ProcessControl, SuspendedMeansEveryThreadSuspendedAndAskingChangesNoThread) {
-    ChildProcess child(L"threads 3 600000");
+// A child is listed as the system sees it until the update after it ends. Suspended means every thread suspended,
+// and asking changes no thread. A value that is no priority class is refused; terminating sets the exit code.
+TEST_F(ProviderTest, AChildIsListedAsTheSystemSeesItAndSuspendedMeansEveryThreadUntilItIsTerminated) {
+    ChildProcess child(L"threads 3 600000 \"a quoted argument\"");
     ASSERT_TRUE(child.Started());
+    // The child's commit may still move while it settles: take an update between two equal readings of it.
+    SIZE_T privateBytes = 0;
+    ASSERT_TRUE(PollUntil([&] {
+        const SIZE_T before = PrivateUsage(child.Handle());
+        list.Update();
+        return before > 0 && PrivateUsage(child.Handle()) == (privateBytes = before);
+    })) << "the child's private bytes never held still across an update";
+    const int i = list.GetItemByPID(child.Pid());
+    const int self = list.GetItemByPID(GetCurrentProcessId());
+    ASSERT_GE(i, 0);
+    ASSERT_GE(self, 0);
+    EXPECT_EQ(list.GetItemDynamicData(i)->GetPrivateBytes(), privateBytes);
+    EXPECT_EQ(list.GetItemPID(i), child.Pid());
+    EXPECT_EQ(list.GetItemParentPID(i), GetCurrentProcessId());
+    EXPECT_STREQ(list.GetItemImageName(i), L"lmvx_test_child.exe");
+    EXPECT_EQ(_wcsicmp(list.GetItemPathName(i), ChildProcess::HelperPath().c_str()), 0) << list.GetItemPathName(i);
+    const SYSTEMTIME created = LocalCreationTime(child.Handle());
+    EXPECT_EQ(DateAndTime(list.GetItemCreationTime(i)), DateAndTime(created));
+    EXPECT_EQ(list.GetItemCreationTime(i).wMilliseconds, created.wMilliseconds);
+
+    const kestrel::_TASKDATASTATIC* statics = list.GetItemStaticData(i);
+    ASSERT_NE(statics, nullptr);
+    EXPECT_EQ(std::wstring(statics->GetCommandLineW()), child.CommandLine());
+    wchar_t userName[256];
+    DWORD length = ARRAYSIZE(userName);
+    ASSERT_TRUE(GetUserNameW(userName, &length));
+    const std::wstring owner = statics->GetUsername(), suffix = std::wstring(L"\\") + userName;
+    ASSERT_GE(owner.size(), suffix.size()) << owner;
+    EXPECT_EQ(_wcsicmp(owner.substr(owner.size() - suffix.size()).c_str(), suffix.c_str()), 0) << owner;
+    EXPECT_EQ(owner, std::wstring(list.GetItemStaticData(self)->GetUsername()));
+
+    EXPECT_EQ(list.GetItemProcessPriority(i), GetPriorityClass(child.Handle()));
+    ASSERT_TRUE(SetPriorityClass(child.Handle(), BELOW_NORMAL_PRIORITY_CLASS));
+    list.Update();
+    const int again = list.GetItemByPID(child.Pid());
+    ASSERT_GE(again, 0);
+    EXPECT_EQ(list.GetItemProcessPriority(again), static_cast<unsigned>(BELOW_NORMAL_PRIORITY_CLASS));
+
     std::vector<HANDLE> threads;
-    ASSERT_TRUE(lmvx_test::PumpUntil([&] { CloseAll(threads); return (threads = OpenThreadsOf(child.Pid())).size() >= 4; },
-                                     30000));
+    ASSERT_TRUE(PollUntil([&] { CloseAll(threads); return (threads = OpenThreadsOf(child.Pid())).size() >= 4; }, 30000));
     ExpectCheckAnswersAndChangesNothing(child.Pid(), threads, 0);
     // Each thread in turn is the one left running, first and last included.
     for (size_t running = 0; running < threads.size(); ++running) {
-        for (size_t i = 0; i < threads.size(); ++i) {
-            if (i != running) {
-                ASSERT_EQ(0u, SuspendThread(threads[i]));
+        for (size_t t = 0; t < threads.size(); ++t) {
+            if (t != running) {
+                ASSERT_EQ(0u, SuspendThread(threads[t]));
             }
         }
         EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid())) << "thread " << running << " runs";
-        for (size_t i = 0; i < threads.size(); ++i) {
-            if (i != running) {
-                EXPECT_EQ(1u, ResumeThread(threads[i]));
+        for (size_t t = 0; t < threads.size(); ++t) {
+            if (t != running) {
+                EXPECT_EQ(1u, ResumeThread(threads[t]));
             }
         }
     }
@@ -435,18 +357,20 @@ TEST(ProcessControl, SuspendedMeansEveryThreadSuspendedAndAskingChangesNoThread)
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(child.Pid()));
     CloseAll(threads);
     EXPECT_FALSE(kestrel::PRM_IsProcessSuspended(GetCurrentProcessId())) << "the calling process is never suspended";
-}
 
-// What the program's action tests cannot reach: a value that is no priority class, and the exit code.
-TEST(ProcessControl, APriorityThatIsNoClassIsRefusedAndTerminateEndsWithItsExitCode) {
-    ChildProcess child(L"sleep 600000");
     EXPECT_FALSE(kestrel::PRM_SetProcessPriority(child.Pid(), 12345));
-    EXPECT_EQ(static_cast<DWORD>(NORMAL_PRIORITY_CLASS), GetPriorityClass(child.Handle()));
+    EXPECT_EQ(static_cast<DWORD>(BELOW_NORMAL_PRIORITY_CLASS), GetPriorityClass(child.Handle()));
     ASSERT_TRUE(kestrel::PRM_TerminateProcess(child.Pid()));
     ASSERT_TRUE(child.WaitForExit(10000));
     DWORD exitCode = 0;
     GetExitCodeProcess(child.Handle(), &exitCode);
     EXPECT_EQ(kestrel::PRM_TerminatedExitCode, exitCode);
+    // Until the next update the snapshot still holds the ended process.
+    EXPECT_EQ(list.GetItemByPID(child.Pid()), again);
+    EXPECT_EQ(list.GetItemPID(again), child.Pid());
+    EXPECT_STREQ(list.GetItemImageName(again), L"lmvx_test_child.exe");
+    list.Update();
+    EXPECT_EQ(list.GetItemByPID(child.Pid()), -1);
 }
 
 }  // namespace

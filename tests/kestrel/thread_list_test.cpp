@@ -13,35 +13,25 @@ namespace {
 using lmvx_test::KnownThreads;
 using lmvx_test::PumpUntil;
 
-class ThreadListTest : public ::testing::Test {
-protected:
-    static void SetUpTestSuite() { threads_ = new KnownThreads(KnownThreads::Start()); }
-    static void TearDownTestSuite() {
-        delete threads_;
-        threads_ = nullptr;
-    }
-    void SetUp() override { ASSERT_TRUE(threads_->Started()); }
-    static KnownThreads* threads_;
-};
+// One child for both tests, started on first use.
+const KnownThreads& Threads() {
+    static const KnownThreads threads = KnownThreads::Start();
+    return threads;
+}
 
-KnownThreads* ThreadListTest::threads_ = nullptr;
-
-TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
+TEST(ThreadList, ListsEveryThreadWithItsUsageModuleAndLastErrorAndNoneOfOthers) {
+    ASSERT_TRUE(Threads().Started());
     kestrel::PD_THREADLIST list;
-    ASSERT_TRUE(list.QueryThreadList(threads_->child->Pid()));
-    for (DWORD threadId : {threads_->burning, threads_->suspended, threads_->blocked, threads_->windowed}) {
+    ASSERT_TRUE(list.QueryThreadList(Threads().child->Pid()));
+    for (DWORD threadId : {Threads().burning, Threads().suspended, Threads().blocked, Threads().windowed}) {
         EXPECT_NE(nullptr, list.FindThread(threadId)) << threadId;
     }
     EXPECT_GE(list.GetThreadCount(), 5u);
-    const bool used = PumpUntil(
-        [&] {
-            list.QueryThreadList(threads_->child->Pid());
-            const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
-            return burning && burning->GetCPUUsage() > 0;
-        },
-        20000);
-    EXPECT_TRUE(used);
-    const kestrel::PD_THREADENTRY* burning = list.FindThread(threads_->burning);
+    EXPECT_TRUE(PumpUntil([&] {
+        list.QueryThreadList(Threads().child->Pid());
+        return list.FindThread(Threads().burning) && list.FindThread(Threads().burning)->GetCPUUsage() > 0;
+    }, 20000));
+    const kestrel::PD_THREADENTRY* burning = list.FindThread(Threads().burning);
     ASSERT_NE(nullptr, burning);
     EXPECT_GT(burning->GetAverageCPUUsage(), 0.0);
     const SYSTEMTIME cpu = burning->GetCPUSystemTime();
@@ -49,46 +39,43 @@ TEST_F(ThreadListTest, ListsEveryThreadWithItsUsageModuleAndLastError) {
     EXPECT_NE(0, cpu.wYear) << "creation time is known";
 
     // The blocked thread starts in the child and keeps its last error.
-    const kestrel::PD_THREADENTRY* blocked = list.FindThread(threads_->blocked);
+    const kestrel::PD_THREADENTRY* blocked = list.FindThread(Threads().blocked);
     ASSERT_NE(nullptr, blocked);
     EXPECT_STREQ(L"lmvx_test_child.exe", blocked->GetModuleName());
     EXPECT_GT(blocked->GetStartAddress(), static_cast<ULONG_PTR>(blocked->GetModuleBaseAddress()));
     EXPECT_EQ(static_cast<unsigned>(ERROR_FILE_NOT_FOUND), blocked->GetThreadLastError());
     EXPECT_EQ(0, blocked->GetPriority());
     EXPECT_EQ(nullptr, list.FindThread(GetCurrentThreadId())) << "only the child's threads";
-}
 
-TEST(ThreadActions, TheCallingThreadIsRefusedAndAProcessThatIsNotRunningHasNoThreads) {
+    // The calling thread is refused; a process that is not running has no threads.
     EXPECT_FALSE(kestrel::PRM_SuspendThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_TerminateThread(GetCurrentThreadId()));
     EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(GetCurrentThreadId()));
-    kestrel::PD_THREADLIST list;
     EXPECT_FALSE(list.QueryThreadList(0xFFFFFFF0u));
     EXPECT_EQ(0u, list.GetThreadCount());
     EXPECT_EQ(nullptr, list.GetThread(0));
 }
 
-TEST_F(ThreadListTest, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
-    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, threads_->child->Pid());
+TEST(ThreadList, TheBlockedThreadsStackHoldsTheChildsFramesAndTheThreadRunsOn) {
+    ASSERT_TRUE(Threads().Started());
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, Threads().child->Pid());
     HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME | THREAD_GET_CONTEXT | THREAD_QUERY_INFORMATION, FALSE,
-                               threads_->blocked);
+                               Threads().blocked);
     ASSERT_TRUE(process && thread);
     kestrel::_SI_STACKDUMP stack;
     ASSERT_TRUE(stack.CreateStackDump(process, thread, nullptr));
-    bool childFrame = false;
-    bool knownFunction = false;
+    bool childFrame = false, knownFunction = false;
     bool systemExport = false;   // a frame of the system's modules, named from their exports
     for (unsigned i = 0; i < stack.frameCount; ++i) {
         const kestrel::_SI_STACKFRAME frame = stack.GetFrame(i);
-        std::wstring path = frame.modulePath;
-        childFrame |= path.find(L"lmvx_test_child.exe") != std::wstring::npos;
+        childFrame |= std::wstring(frame.modulePath).find(L"lmvx_test_child.exe") != std::wstring::npos;
         knownFunction |= std::wstring(frame.callText).find(L"BlockedInChildWait") != std::wstring::npos;
         systemExport |= std::wstring(frame.callText).find(L"kernel32.dll!BaseThreadInitThunk+0x") == 0;
     }
     EXPECT_TRUE(childFrame);
     EXPECT_TRUE(knownFunction);
     EXPECT_TRUE(systemExport);
-    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(threads_->blocked)) << "resumed after the walk";
+    EXPECT_FALSE(kestrel::PRM_IsThreadSuspended(Threads().blocked)) << "resumed after the walk";
     EXPECT_FALSE(stack.CreateStackDump(GetCurrentProcess(), GetCurrentThread(), nullptr)) << "not the calling thread";
     CloseHandle(thread);
     CloseHandle(process);

@@ -18,18 +18,16 @@ using Strings = std::set<std::pair<uint32_t, std::wstring>>;
 // The strings found in [first, last); only those, since what a search of this process keeps is itself
 // searched later on.
 struct Collected {
-    uint32_t first = 0;
-    uint32_t last = 0xFFFFFFFF;
+    uint32_t first = 0, last = 0xFFFFFFFF;
     Strings strings;
+    lmvx::MemorySearchCallbacks Callbacks() {
+        return {[](void* context, uint32_t address, const wchar_t* text) {
+                    auto* collected = static_cast<Collected*>(context);
+                    if (address >= collected->first && address < collected->last) collected->strings.emplace(address, text);
+                },
+                nullptr, this};
+    }
 };
-
-lmvx::MemorySearchCallbacks Collect(Collected& collected) {
-    return {[](void* context, uint32_t address, const wchar_t* text) {
-                auto* collected = static_cast<Collected*>(context);
-                if (address >= collected->first && address < collected->last) collected->strings.emplace(address, text);
-            },
-            nullptr, &collected};
-}
 
 // A committed region behind a reserved one, so that the walk reaches it at its base: its chunks start at
 // base, base + 40961, base + 2 * 40961, ... The byte after each chunk is never examined, and a string
@@ -54,7 +52,7 @@ TEST(MemorySearch, ReadsARegionChunkByChunkSkippingTheByteAfterEach) {
     lmvx::UniqueHandle self = lmvx::OpenProcessMemory(GetCurrentProcessId());
     lmvx::MemorySearchState state;
     Collected found{at, at + kCommitted};
-    ASSERT_TRUE(lmvx::SearchProcessMemory(self.Get(), state, Collect(found)));
+    ASSERT_TRUE(lmvx::SearchProcessMemory(self.Get(), state, found.Callbacks()));
     const Strings expected = {{at + kChunk - 6, L"ChunkE"}, {at + kChunk + 1, L"geString"},
                               {at + 50000, L"SecondChunkString"}, {at + 90000, L"WideInTheThirdChunk"},
                               {at + 3 * (kChunk + 1) + 100, L"FourthChunkString"}};
@@ -71,7 +69,7 @@ TEST(MemorySearch, AnEndedProcessEndsTheWalk) {
     child.Process().End();
     lmvx::MemorySearchState state;
     Collected found;
-    EXPECT_TRUE(lmvx::SearchProcessMemory(process.Get(), state, Collect(found)));
+    EXPECT_TRUE(lmvx::SearchProcessMemory(process.Get(), state, found.Callbacks()));
     EXPECT_EQ(found.strings.count({static_cast<uint32_t>(child.Ascii()), L"LumivexAsciiMarker"}), 0u);
 }
 

@@ -31,8 +31,9 @@ std::string Dump(const std::vector<uint8_t>& bytes, uint32_t address, bool colon
     return text;
 }
 
-// Full lines of sixteen bytes; a short last line is padded with blanks; the address wraps at 4 GiB.
-TEST(HexDump, LinesOfSixteenBytesWithAShortLastLinePadded) {
+// Full lines of sixteen bytes; a short last line is padded with blanks; the address wraps at 4 GiB; the
+// character column shows "!" as a dot and keeps delete.
+TEST(HexDump, LinesOfSixteenBytesRefusedWhenOneByteShortAndTheColonFormCutsTheLastLineEnd) {
     EXPECT_EQ(Dump(Counting(16), 0x00401000, false),
               "00401000 4142434445464748 494A4B4C4D4E4F50 ABCDEFGHIJKLMNOP\r\n");
     EXPECT_EQ(Dump(Counting(17), 0xFFFFFFF8, false),
@@ -41,15 +42,12 @@ TEST(HexDump, LinesOfSixteenBytesWithAShortLastLinePadded) {
     const std::string hundred = Dump(Counting(100, 0x30), 0x1000, false);
     EXPECT_EQ(hundred.size(), 7u * 61);
     EXPECT_EQ(hundred.substr(6 * 61, 13), "00001060 9091");
-}
-
-TEST(HexDump, CharacterColumnExcludesTheExclamationMarkAndKeepsDelete) {
     const std::vector<uint8_t> bytes = {0x21, 0x20, 0x22, 0x7E, 0x7F, 0x80, 0xFF, 0x00,
                                         0x1F, 0x09, 0xC4, 0x41, 0x61, 0x30, 0x2E, 0x23};
     EXPECT_EQ(Dump(bytes, 0, false).substr(43, 16), ". \"~\x7F......Aa0.#");
-}
 
-TEST(HexDump, RefusesABufferOneByteShortAndAnEmptyInput) {
+    // A buffer one byte short and an empty input give nothing; the colon form uses the same buffer size, so its
+    // one character longer lines cut the final line end of a short last line (intended).
     for (size_t n : {1u, 16u, 17u, 4096u}) {
         const std::vector<uint8_t> bytes = Counting(n);
         std::vector<char> out(HexDumpBufferSize(n) - 1, 'x');
@@ -59,17 +57,13 @@ TEST(HexDump, RefusesABufferOneByteShortAndAnEmptyInput) {
     char out[62] = {'x'};
     EXPECT_EQ(FormatHexDump(nullptr, 0, out, sizeof out, 0), 0u);
     EXPECT_EQ(out[0], '\0');
-}
 
-TEST(HexDumpColon, SameBufferCutsTheFinalLineEndOfAShortLastLine) {
-    // The colon lines are one character longer but the buffer is not enlarged: intended.
     EXPECT_EQ(Dump(Counting(16), 0x10, true),
               ":00000010 4142434445464748 494A4B4C4D4E4F50 ABCDEFGHIJKLMNOP\r\n");
     const std::string text = Dump(Counting(17), 0x10, true);
     EXPECT_EQ(text.size(), 2u * 62 - 1);
     EXPECT_EQ(text.substr(62), ":00000020 51                                Q               \r");
-    // With room to spare the line end is whole.
-    EXPECT_EQ(Dump(Counting(17), 0x10, true, 200).size(), 2u * 62);
+    EXPECT_EQ(Dump(Counting(17), 0x10, true, 200).size(), 2u * 62) << "with room to spare the line end is whole";
 }
 
 struct Found {
@@ -92,51 +86,31 @@ std::vector<Found> Scan(const std::vector<uint8_t>& bytes) {
 
 std::vector<uint8_t> Bytes(const std::string& text) { return {text.begin(), text.end()}; }
 
-std::vector<uint8_t> Utf16(const std::u16string& text) {
-    std::vector<uint8_t> bytes;
-    for (char16_t unit : text) {
-        bytes.push_back(static_cast<uint8_t>(unit & 0xFF));
-        bytes.push_back(static_cast<uint8_t>(unit >> 8));
-    }
+std::vector<uint8_t> Utf16(const std::u16string& text, std::vector<uint8_t> bytes = {}) {
+    for (char16_t unit : text) bytes.insert(bytes.end(), {static_cast<uint8_t>(unit & 0xFF), static_cast<uint8_t>(unit >> 8)});
     return bytes;
 }
 
-TEST(MemoryStringScan, ByteStringsOfFiveAndMore) {
-    EXPECT_EQ(Scan(Bytes(std::string("\0Hello\0Hell\0", 12))), (std::vector<Found>{{1, u"Hello", false}}));
-    // A string that starts with a blank or "!" is found from its first start character.
-    EXPECT_EQ(Scan(Bytes(" !Hello world!\x10;#")), (std::vector<Found>{{2, u"Hello world!\x10;#", false}}));
-    // Umlauts of Windows-1252 widen to their code points.
-    EXPECT_EQ(Scan(Bytes("\xC4rger\xDF")), (std::vector<Found>{{0, u"\u00C4rger\u00DF", false}}));
-    EXPECT_TRUE(Scan(Bytes("\x01\x02!!!!!!~~~~~\x7F")).empty());
-}
-
-TEST(MemoryStringScan, Utf16HelloIsFoundOnceAsUtf16) {
-    std::vector<uint8_t> bytes = {0x00};
-    for (uint8_t b : Utf16(u"Hello")) bytes.push_back(b);
-    bytes.push_back(0);
-    EXPECT_EQ(Scan(bytes), (std::vector<Found>{{1, u"Hello", true}}));
-    // Units with no single-byte form end a string.
-    EXPECT_EQ(Scan(Utf16(u"Hello\u20ACWorld\u4E00ab")),
-              (std::vector<Found>{{0, u"Hello", true}, {12, u"World", true}}));
-}
-
-TEST(MemoryStringScan, LongRunsAreCutInto128) {
-    const std::vector<Found> bytes = Scan(Bytes(std::string(300, 'x')));
-    ASSERT_EQ(bytes.size(), 3u);
-    EXPECT_EQ(bytes[0], (Found{0, std::u16string(128, u'x'), false}));
-    EXPECT_EQ(bytes[1], (Found{128, std::u16string(128, u'x'), false}));
-    EXPECT_EQ(bytes[2], (Found{256, std::u16string(44, u'x'), false}));
-    const std::vector<Found> wide = Scan(Utf16(std::u16string(300, u'y')));
-    ASSERT_EQ(wide.size(), 3u);
-    EXPECT_EQ(wide[1].offset, 256u);
-    EXPECT_EQ(wide[2].text.size(), 44u);
-}
-
-TEST(MemoryStringScan, NeverReadsPastTheChunk) {
-    // The last byte holds no whole unit: a UTF-16 string ends before it.
-    EXPECT_EQ(Scan({'a', 0, 'b', 0, 'c', 0, 'd', 0, 'e', 0}), (std::vector<Found>{{0, u"abcde", true}}));
-    EXPECT_EQ(Scan({'a', 0, 'b', 0, 'c', 0, 'd', 0, 'e'}), (std::vector<Found>{}));
-    EXPECT_TRUE(Scan({}).empty());
+TEST(MemoryStringScan, FindsByteAndUtf16StringsOfFiveAndMoreCutInto128AndNeverPastTheChunk) {
+    const std::u16string x(128, u'x'), y(128, u'y');
+    const struct {
+        const char* what;
+        std::vector<uint8_t> bytes;
+        std::vector<Found> found;
+    } cases[] = {
+        {"five and more", Bytes(std::string("\0Hello\0Hell\0", 12)), {{1, u"Hello", false}}},
+        {"from the first start character", Bytes(" !Hello world!\x10;#"), {{2, u"Hello world!\x10;#", false}}},
+        {"Windows-1252 widens", Bytes("\xC4rger\xDF"), {{0, u"\u00C4rger\u00DF", false}}},
+        {"no start character", Bytes("\x01\x02!!!!!!~~~~~\x7F"), {}},
+        {"UTF-16 once", Utf16(u"Hello", {0}), {{1, u"Hello", true}}},
+        {"units without a byte form end a string", Utf16(u"Hello\u20ACWorld\u4E00ab"), {{0, u"Hello", true}, {12, u"World", true}}},
+        {"byte runs", Bytes(std::string(300, 'x')), {{0, x, false}, {128, x, false}, {256, x.substr(0, 44), false}}},
+        {"UTF-16 runs", Utf16(std::u16string(300, u'y')), {{0, y, true}, {256, y, true}, {512, y.substr(0, 44), true}}},
+        {"a whole last unit", Utf16(u"abcde"), {{0, u"abcde", true}}},
+        {"half a last unit", {'a', 0, 'b', 0, 'c', 0, 'd', 0, 'e'}, {}},
+        {"empty", {}, {}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Scan(c.bytes), c.found) << c.what;
 }
 
 std::vector<std::u16string> Extract(const std::string& file) {
@@ -158,14 +132,16 @@ std::string Utf16(const std::string& ascii) {
 
 using Strings = std::vector<std::u16string>;
 
-TEST(ImageStringScan, LengthAndChangeRules) {
+TEST(ImageStringScan, LengthChangeAndCharacterRulesRunsCutInto255NeverPastTheFileAndStopWhenTheSinkDoes) {
     const std::string z(1, '\0');
     EXPECT_EQ(Extract("aaaaaa" + z + "abcde" + z), (Strings{u"abcde"}));
     EXPECT_EQ(Extract(z + Utf16("abc") + z + "abcd" + z), (Strings{u"abc"}));
     EXPECT_EQ(Extract(Utf16("aab") + z + z + "aabbb" + z + "aabbaa" + z + "ab" + z), (Strings{u"aabbaa"}));
-}
-
-TEST(ImageStringScan, RunsAreCutInto255) {
+    // "}" cannot start a string; closing brackets, "?" and the sharp s continue one.
+    EXPECT_EQ(Extract("}}abc?)]>\xDF" + z), (Strings{u"abc?)]>\u00DF"}));
+    EXPECT_FALSE(lmvx::IsImageStartChar(0xDF));
+    EXPECT_FALSE(lmvx::IsImageContinueChar('~'));
+    EXPECT_TRUE(lmvx::IsImageStartChar('"'));
     std::string run;
     for (int i = 0; i < 600; ++i) run += static_cast<char>('a' + i % 26);
     const Strings found = Extract(run);
@@ -174,25 +150,11 @@ TEST(ImageStringScan, RunsAreCutInto255) {
     EXPECT_EQ(found[1].size(), 255u);
     EXPECT_EQ(found[2].size(), 90u);
     EXPECT_EQ(found[1][0], u'a' + 255 % 26);
-}
-
-TEST(ImageStringScan, ClassesDifferFromTheMemorySearch) {
-    // "}" cannot start a string; closing brackets, "?" and the sharp s continue one.
-    EXPECT_EQ(Extract("}}abc?)]>\xDF" + std::string(1, '\0')), (Strings{u"abc?)]>\u00DF"}));
-    EXPECT_FALSE(lmvx::IsImageStartChar(0xDF));
-    EXPECT_FALSE(lmvx::IsImageContinueChar('~'));
-    EXPECT_TRUE(lmvx::IsImageStartChar('"'));
-}
-
-TEST(ImageStringScan, NeverReadsPastTheFileAndStopsWhenTheSinkDoes) {
     EXPECT_EQ(Extract(std::string(1, '\0') + "xyzw"), Strings{});
     EXPECT_EQ(Extract("qwert"), (Strings{u"qwert"}));
     const std::string file = "first" + std::string(1, '\0') + "second";
     int calls = 0;
-    lmvx::ImageStringSink stopAtFirst{[](void* context, const char16_t*, size_t) {
-                                          ++*static_cast<int*>(context);
-                                          return false;
-                                      },
+    lmvx::ImageStringSink stopAtFirst{[](void* context, const char16_t*, size_t) { return ++*static_cast<int*>(context), false; },
                                       &calls};
     EXPECT_FALSE(lmvx::ExtractImageStrings(reinterpret_cast<const uint8_t*>(file.data()), file.size(), stopAtFirst));
     EXPECT_EQ(calls, 1);
@@ -201,20 +163,13 @@ TEST(ImageStringScan, NeverReadsPastTheFileAndStopsWhenTheSinkDoes) {
 constexpr uint32_t kCommit = 0x1000, kReserve = 0x2000, kFree = 0x10000;
 constexpr uint32_t kPrivate = 0x20000, kMapped = 0x40000, kImage = 0x1000000;
 
-TEST(RegionText, ProtectionByExactValue) {
-    const struct {
-        uint32_t protect;
-        const wchar_t* text;
-    } cases[] = {
-        {0x01, L"PAGE_NOACCESS"}, {0x02, L"PAGE_READONLY"}, {0x04, L"PAGE_READWRITE"}, {0x08, L"PAGE_WRITECOPY"},
-        {0x10, L"PAGE_EXECUTE"}, {0x20, L"PAGE_EXECUTE_READ"}, {0x40, L"PAGE_EXECUTE_READWRITE"},
-        {0x80, L"PAGE_EXECUTE_WRITECOPY"}, {0x00, L"Undef"}, {0x104, L"0x00000104"}, {0x204, L"0x00000204"},
+TEST(RegionText, ProtectionByExactValueStateTypeAndAddressParse) {
+    const std::pair<uint32_t, const wchar_t*> cases[] = {
+        {0x01, L"PAGE_NOACCESS"}, {0x04, L"PAGE_READWRITE"}, {0x80, L"PAGE_EXECUTE_WRITECOPY"},
+        {0x00, L"Undef"}, {0x104, L"0x00000104"}, {0x204, L"0x00000204"},
     };
-    for (const auto& c : cases) EXPECT_EQ(RegionProtectText(kCommit, c.protect, L"Undef"), c.text) << c.protect;
+    for (const auto& [protect, text] : cases) EXPECT_EQ(RegionProtectText(kCommit, protect, L"Undef"), text) << protect;
     EXPECT_EQ(RegionProtectText(kFree, 0x04, L"Undef"), L"Undef");
-}
-
-TEST(RegionText, StateAndType) {
     EXPECT_EQ(RegionStateText(kCommit), L"MEM_COMMIT");
     EXPECT_EQ(RegionStateText(kReserve), L"MEM_RESERVE");
     EXPECT_EQ(RegionStateText(kFree), L"MEM_FREE");
@@ -224,18 +179,14 @@ TEST(RegionText, StateAndType) {
     EXPECT_EQ(RegionTypeText(kCommit, kPrivate, L"U"), L"MEM_PRIVATE");
     EXPECT_EQ(RegionTypeText(kCommit, 0x80000, L"U"), L"0x00080000");
     EXPECT_EQ(RegionTypeText(kFree, kPrivate, L"U"), L"U");
+    // The parse ignores a "0x" prefix and whatever follows the number.
+    const std::pair<const wchar_t*, uint64_t> addresses[] = {
+        {L"0x00400000  [Image: a.exe]", 0x400000}, {L"7ffe0000", 0x7FFE0000}, {L"0x000000014000A000 (a.exe+0xA000)", 0x14000A000},
+        {L"nothing", 0}, {L"", 0}, {L"0x", 0}};
+    for (const auto& [text, address] : addresses) EXPECT_EQ(ParseHexAddress(text), address) << text;
 }
 
-TEST(RegionText, AddressParseIgnoresThePrefixAndTheTail) {
-    EXPECT_EQ(ParseHexAddress(L"0x00400000  [Image: a.exe]"), 0x400000u);
-    EXPECT_EQ(ParseHexAddress(L"7ffe0000"), 0x7FFE0000u);
-    EXPECT_EQ(ParseHexAddress(L"0x000000014000A000 (a.exe+0xA000)"), 0x14000A000u);
-    EXPECT_EQ(ParseHexAddress(L"nothing"), 0u);
-    EXPECT_EQ(ParseHexAddress(L""), 0u);
-    EXPECT_EQ(ParseHexAddress(L"0x"), 0u);
-}
-
-TEST(RegionText, DescriptionReadsBackAsTheSameAddress) {
+TEST(RegionText, DescriptionReadsBackAsTheSameAddressAndPageStepsSkipUncommittedRegions) {
     const std::wstring inModule = DescribeAddress(0x7FF612340010, true, L"a.exe+0x10", kCommit, kImage);
     EXPECT_EQ(inModule, L"0x00007FF612340010 (a.exe+0x10)");
     EXPECT_EQ(ParseHexAddress(inModule), 0x7FF612340010u);
@@ -244,9 +195,7 @@ TEST(RegionText, DescriptionReadsBackAsTheSameAddress) {
     EXPECT_EQ(DescribeAddress(1, false, L"N", kCommit, kPrivate), L"N (MEM_PRIVATE)");
     EXPECT_EQ(DescribeAddress(1, false, L"N", kReserve, kImage), L"N (MEM_IMAGE)");
     EXPECT_EQ(DescribeAddress(1, false, L"N", kCommit, 0), L"N");
-}
-
-TEST(RegionText, PageStepsSkipUncommittedRegions) {
+    // Page steps skip uncommitted regions.
     EXPECT_EQ(NextPageAddress(0x11000, kCommit, 0x10000, 0x10000), 0x11000u);
     EXPECT_EQ(NextPageAddress(0x11000, kReserve, 0x10000, 0x10000), 0x20000u);
     EXPECT_EQ(NextPageAddress(0x11000, kFree, 0x10000, 0x30000), 0x40000u);
@@ -254,24 +203,17 @@ TEST(RegionText, PageStepsSkipUncommittedRegions) {
     EXPECT_EQ(PreviousPageAddress(0x1F000, kReserve, 0x10000), 0xF000u);
 }
 
-TEST(SearchPattern, PlainTextsMatchAsCaseInsensitiveContains) {
+// Plain texts match as case-insensitive contains; wildcards, lists, blanks and non-ASCII go to the shell.
+TEST(SearchPattern, PlainTextsMatchAsCaseInsensitiveContainsAndTheRestGoToTheShell) {
     const lmvx::SearchPattern abc(L"abc");
     ASSERT_TRUE(abc.IsPlain());
     EXPECT_EQ(abc.ShellPattern(), L"*abc*");
-    EXPECT_TRUE(abc.Matches(L"xxABCxx"));
-    EXPECT_TRUE(abc.Matches(L"abc"));
-    EXPECT_TRUE(abc.Matches(L"xxaBc"));
-    EXPECT_FALSE(abc.Matches(L"ab"));
-    EXPECT_FALSE(abc.Matches(L"a_bc"));
-    const lmvx::SearchPattern empty(L"");
-    EXPECT_TRUE(empty.IsPlain());
-    EXPECT_TRUE(empty.Matches(L"anything"));
-}
-
-TEST(SearchPattern, WildcardsListsBlanksAndNonAsciiGoToTheShell) {
-    for (const wchar_t* text : {L"a*c", L"a?c", L"a;b", L"two words", L"\u00c4rger"}) {
+    for (const wchar_t* text : {L"xxABCxx", L"abc", L"xxaBc"}) EXPECT_TRUE(abc.Matches(text)) << text;
+    for (const wchar_t* text : {L"ab", L"a_bc"}) EXPECT_FALSE(abc.Matches(text)) << text;
+    EXPECT_TRUE(lmvx::SearchPattern(L"").IsPlain());
+    EXPECT_TRUE(lmvx::SearchPattern(L"").Matches(L"anything"));
+    for (const wchar_t* text : {L"a*c", L"a?c", L"a;b", L"two words", L"\u00c4rger"})
         EXPECT_FALSE(lmvx::SearchPattern(text).IsPlain()) << text;
-    }
 }
 
 }  // namespace
