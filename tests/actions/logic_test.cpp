@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <future>
 #include <map>
-#include <mutex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,20 +23,16 @@
 
 namespace {
 
-const struct {
-    unsigned priorityClass;
-    const wchar_t* englishName;
-} kPriorityNames[] = {
-    {REALTIME_PRIORITY_CLASS, L"Realtime"},         {HIGH_PRIORITY_CLASS, L"High"},
-    {ABOVE_NORMAL_PRIORITY_CLASS, L"Above Normal"}, {NORMAL_PRIORITY_CLASS, L"Normal"},
-    {BELOW_NORMAL_PRIORITY_CLASS, L"Below Normal"}, {IDLE_PRIORITY_CLASS, L"Idle"},
-};
-
 // Each class has its English name and a German one; other values have the empty name, not "unknown". (Which
 // class each command sets is tested on real processes with the program's priority action.)
 TEST(PriorityNames, EachClassHasItsNameInTheLanguageOthersTheEmptyName) {
     UIL_LangModule.Init(GetModuleHandleW(nullptr), L"Lumivex Priority Test", L"test", UIL_LANGMODULE::English);
-    for (const auto& row : kPriorityNames) EXPECT_STREQ(row.englishName, lmvx::PriorityClassName(row.priorityClass));
+    const std::pair<unsigned, const wchar_t*> names[] = {
+        {REALTIME_PRIORITY_CLASS, L"Realtime"},         {HIGH_PRIORITY_CLASS, L"High"},
+        {ABOVE_NORMAL_PRIORITY_CLASS, L"Above Normal"}, {NORMAL_PRIORITY_CLASS, L"Normal"},
+        {BELOW_NORMAL_PRIORITY_CLASS, L"Below Normal"}, {IDLE_PRIORITY_CLASS, L"Idle"},
+    };
+    for (const auto& [priorityClass, name] : names) EXPECT_STREQ(name, lmvx::PriorityClassName(priorityClass));
     for (unsigned value : {0u, 1u, 0x20000u, 0x40000u, static_cast<unsigned>(IDM_PRIORITY_HIGH)}) {
         EXPECT_STREQ(L"", lmvx::PriorityClassName(value)) << value;
         EXPECT_EQ(0u, lmvx::PriorityClassNameId(value));
@@ -106,43 +102,27 @@ TEST(OwnerButton, Layout) {
     EXPECT_TRUE(SameRect(without.text, RECT{without.inner.left + 6, without.inner.top, without.inner.right, without.inner.bottom}));
 }
 
-// A made-up file system and a shell that only takes notes.
-class FakeShell {
-public:
-    void AddFile(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_ARCHIVE; }
-    void AddFolder(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_DIRECTORY; }
+// A made-up file system and a shell that only notes the path it was given and the thread it was called on.
+struct FakeShell {
+    std::map<std::wstring, DWORD> attributes;
+    std::promise<std::pair<std::wstring, DWORD>> opened;
 
-    lmvx::ShellOpenCalls Calls() { return {FileAttributes, Execute, this}; }
-
-    // The path the shell was given, waiting for the helper thread to hand it over.
-    std::wstring OpenedPath() {
-        std::unique_lock<std::mutex> lock(mutex_);
-        if (!condition_.wait_for(lock, std::chrono::seconds(10), [this] { return opened_; })) return L"<none>";
-        return openedPath_;
+    lmvx::ShellOpenCalls Calls() {
+        const auto fileAttributes = [](void* context, const wchar_t* path) -> DWORD {
+            const auto& known = static_cast<FakeShell*>(context)->attributes;
+            return known.contains(path) ? known.at(path) : INVALID_FILE_ATTRIBUTES;
+        };
+        const auto execute = [](void* context, const wchar_t* path) {
+            static_cast<FakeShell*>(context)->opened.set_value({path, GetCurrentThreadId()});
+        };
+        return {fileAttributes, execute, this};
     }
-    DWORD OpeningThread() { return OpenedPath(), openingThread_; }
-
-private:
-    static DWORD FileAttributes(void* context, const wchar_t* path) {
-        const auto& attributes = static_cast<FakeShell*>(context)->attributes_;
-        const auto found = attributes.find(path);
-        return found == attributes.end() ? INVALID_FILE_ATTRIBUTES : found->second;
+    // Waits for the helper thread to hand the call over.
+    std::pair<std::wstring, DWORD> Opened() {
+        auto call = opened.get_future();
+        if (call.wait_for(std::chrono::seconds(10)) != std::future_status::ready) return {L"<none>", 0};
+        return call.get();
     }
-    static void Execute(void* context, const wchar_t* path) {
-        auto* shell = static_cast<FakeShell*>(context);
-        std::lock_guard<std::mutex> lock(shell->mutex_);
-        shell->openedPath_ = path;
-        shell->openingThread_ = GetCurrentThreadId();
-        shell->opened_ = true;
-        shell->condition_.notify_all();
-    }
-
-    std::map<std::wstring, DWORD> attributes_;
-    std::mutex mutex_;
-    std::condition_variable condition_;
-    bool opened_ = false;
-    std::wstring openedPath_;
-    DWORD openingThread_ = 0;
 };
 
 // A file opens its folder, a folder its parent; the name is cut one character at a time until it exists, and a
@@ -162,11 +142,12 @@ TEST(OpenInShell, WhichPathReachesTheShell) {
     };
     for (const auto& c : cases) {
         FakeShell shell;
-        for (const std::wstring& file : c.files) shell.AddFile(file);
-        for (const std::wstring& folder : c.folders) shell.AddFolder(folder);
+        for (const std::wstring& file : c.files) shell.attributes[file] = FILE_ATTRIBUTE_ARCHIVE;
+        for (const std::wstring& folder : c.folders) shell.attributes[folder] = FILE_ATTRIBUTE_DIRECTORY;
         EXPECT_EQ(1, lmvx::OpenInShellWith(c.path, shell.Calls())) << c.path;
-        EXPECT_EQ(c.opened, shell.OpenedPath()) << c.path;
-        EXPECT_NE(GetCurrentThreadId(), shell.OpeningThread()) << "the shell is called on another thread";
+        const auto [opened, thread] = shell.Opened();
+        EXPECT_EQ(c.opened, opened) << c.path;
+        EXPECT_NE(GetCurrentThreadId(), thread) << "the shell is called on another thread";
     }
     FakeShell shell;
     EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls())) << "an empty path opens nothing";
@@ -186,47 +167,38 @@ TEST(CopyTruncated, CopiesWhatFitsAndAlwaysTerminates) {
 
 HWND Handle(unsigned value) { return reinterpret_cast<HWND>(static_cast<UINT_PTR>(value)); }
 
-// Answers with the handle's value as process and thread, 0 (gone) for handles listed in gone; logs asks.
-struct Lookup {
-    std::vector<HWND> asked;
-    std::vector<HWND> gone;
-    lmvx::WindowOwner operator()(HWND window) {
-        asked.push_back(window);
-        for (HWND missing : gone) {
-            if (missing == window) return {};
-        }
-        const auto value = static_cast<DWORD>(reinterpret_cast<UINT_PTR>(window));
-        return {value + 1000, value};
-    }
-};
-
 TEST(WindowOwnerCache, AsksOncePerWindowWhileItStaysListedAndForgetsTheRest) {
     lmvx::WindowOwnerCache cache;
-    Lookup lookup;
-    auto ask = [&](HWND window) { return lookup(window); };
+    std::vector<HWND> asked;
+    std::set<HWND> gone;
+    // Answers with the handle's value as thread and the value + 1000 as process, nothing for the gone ones.
+    const auto ask = [&](HWND window) {
+        asked.push_back(window);
+        const auto value = static_cast<DWORD>(reinterpret_cast<UINT_PTR>(window));
+        return gone.contains(window) ? lmvx::WindowOwner{} : lmvx::WindowOwner{value + 1000, value};
+    };
     const std::vector<HWND> windows{Handle(0x10020), Handle(0x10024), Handle(0x2002c)};
     const auto first = cache.OwnersOf(windows, ask);
     ASSERT_EQ(first.size(), 3u);
     EXPECT_EQ(first[1].processId, 0x10024u + 1000);
     EXPECT_EQ(first[1].threadId, 0x10024u);
-    EXPECT_EQ(lookup.asked, windows);
+    EXPECT_EQ(asked, windows);
 
-    lookup.asked.clear();
-    const std::vector<HWND> reordered{Handle(0x2002c), Handle(0x10020), Handle(0x10024), Handle(0x30030)};
-    const auto second = cache.OwnersOf(reordered, ask);
-    EXPECT_EQ(lookup.asked, std::vector<HWND>{Handle(0x30030)}) << "only the new window is asked about";
+    asked.clear();
+    const auto second = cache.OwnersOf({Handle(0x2002c), Handle(0x10020), Handle(0x10024), Handle(0x30030)}, ask);
+    EXPECT_EQ(asked, std::vector<HWND>{Handle(0x30030)}) << "only the new window is asked about";
     ASSERT_EQ(second.size(), 4u);
     EXPECT_EQ(second[0].threadId, 0x2002cu) << "owners follow the order of this listing";
     EXPECT_EQ(second[3].threadId, 0x30030u);
 
     // Windows that left the listing and windows that could not be answered are forgotten.
-    lookup.gone = {Handle(0x50050)};
+    gone = {Handle(0x50050)};
     cache.OwnersOf({Handle(0x40040), Handle(0x50050)}, ask);
     cache.OwnersOf({Handle(0x50050)}, ask);   // 0x40040 has gone from the listing
-    lookup.asked.clear();
-    lookup.gone.clear();
+    asked.clear();
+    gone.clear();
     const auto owners = cache.OwnersOf({Handle(0x40040), Handle(0x50050)}, ask);
-    EXPECT_EQ(lookup.asked, (std::vector<HWND>{Handle(0x40040), Handle(0x50050)}));
+    EXPECT_EQ(asked, (std::vector<HWND>{Handle(0x40040), Handle(0x50050)}));
     EXPECT_EQ(owners[1].threadId, 0x50050u) << "a window that could not be answered is asked again";
 }
 
