@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <future>
 #include <map>
 #include <set>
@@ -46,8 +47,9 @@ TEST(PriorityNames, EachClassHasItsNameInTheLanguageOthersTheEmptyName) {
 using lmvx::TitleRead;
 
 // Own windows on other threads are asked with a time-out; the own thread's and other processes' are read
-// directly. A window counts when it is visible, of the process and has a title that fits.
-TEST(ProcessWindowRules, TitleReadAndWhichWindowsQualify) {
+// directly. A window counts when it is visible, of the process and has a title that fits. Zero coordinates of
+// the window menu come from the cursor, each on its own.
+TEST(ProcessWindowRules, TitleReadWhichWindowsQualifyAndMenuPosition) {
     EXPECT_EQ(TitleRead::TimedMessage, lmvx::ChooseTitleRead(10, 21, 10, 20));
     EXPECT_EQ(TitleRead::Direct, lmvx::ChooseTitleRead(10, 20, 10, 20));
     EXPECT_EQ(TitleRead::Direct, lmvx::ChooseTitleRead(11, 21, 10, 20));
@@ -58,26 +60,22 @@ TEST(ProcessWindowRules, TitleReadAndWhichWindowsQualify) {
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 8, 7, 5));
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 7, 7, 0));
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 7, 7, lmvx::kWindowTitleCapacity));
-}
-
-// Zero coordinates of the window menu come from the cursor, each on its own.
-TEST(ProcessWindowRules, MenuPosition) {
-    const POINT cursor = {300, 400};
-    const struct { int x, y; LONG expectedX, expectedY; } cases[] = {
-        {10, 20, 10, 20}, {0, 20, 300, 20}, {10, 0, 10, 400}, {0, 0, 300, 400}};
-    for (const auto& c : cases) {
-        const POINT position = lmvx::WindowMenuPosition(c.x, c.y, cursor);
-        EXPECT_EQ(c.expectedX, position.x) << c.x << "," << c.y;
-        EXPECT_EQ(c.expectedY, position.y) << c.x << "," << c.y;
+    const std::array<LONG, 4> menus[] = {{10, 20, 10, 20}, {0, 20, 300, 20}, {10, 0, 10, 400}, {0, 0, 300, 400}};
+    for (const auto& [x, y, menuX, menuY] : menus) {
+        const POINT position = lmvx::WindowMenuPosition(x, y, POINT{300, 400});
+        EXPECT_EQ((std::pair{position.x, position.y}), (std::pair{menuX, menuY})) << x << "," << y;
     }
 }
 
 using lmvx::ButtonFill;
 
+bool SameRect(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
+
 // The light face adds ten to each channel in one integer addition, so it carries into the next channel
 // instead of saturating (intended: the buttons have always been painted so). Pressed wins over focus, and
-// focus lightens an unpressed button.
-TEST(OwnerButton, ColoursAndFill) {
+// focus lightens an unpressed button. The inner rectangle leaves a one-pixel frame; the icon sits at the left,
+// centred, and pushes the text.
+TEST(OwnerButton, ColoursFillAndLayout) {
     EXPECT_EQ(RGB(0xDA, 0xDA, 0xDA), lmvx::LightFaceColor(RGB(0xD0, 0xD0, 0xD0)));
     EXPECT_EQ(static_cast<COLORREF>(0x00FA0B04), lmvx::LightFaceColor(RGB(0xFA, 0x00, 0xF0)));
     EXPECT_EQ(static_cast<COLORREF>(0x000B0A09), lmvx::LightFaceColor(RGB(0xFF, 0xFF, 0x00)));
@@ -86,12 +84,7 @@ TEST(OwnerButton, ColoursAndFill) {
     EXPECT_EQ(ButtonFill::Highlight, lmvx::ChooseButtonFill(true, true, false));
     EXPECT_EQ(ButtonFill::LightFace, lmvx::ChooseButtonFill(false, false, true));
     EXPECT_EQ(ButtonFill::Face, lmvx::ChooseButtonFill(false, false, false));
-}
 
-bool SameRect(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
-
-// The inner rectangle leaves a one-pixel frame; the icon sits at the left, centred, and pushes the text.
-TEST(OwnerButton, Layout) {
     const RECT item = {10, 20, 110, 45};
     const lmvx::OwnerButtonLayout withIcon = lmvx::LayOutOwnerButton(item, true);
     const lmvx::OwnerButtonLayout without = lmvx::LayOutOwnerButton(item, false);
@@ -99,7 +92,8 @@ TEST(OwnerButton, Layout) {
     EXPECT_EQ(withIcon.inner.left + 6, withIcon.icon.x);
     EXPECT_EQ(withIcon.inner.top + (withIcon.inner.bottom - withIcon.inner.top) / 2 - 8, withIcon.icon.y);
     EXPECT_EQ(withIcon.inner.left + 21 + 6, withIcon.text.left);
-    EXPECT_TRUE(SameRect(without.text, RECT{without.inner.left + 6, without.inner.top, without.inner.right, without.inner.bottom}));
+    EXPECT_TRUE(SameRect(without.text, RECT{without.inner.left + 6, without.inner.top, without.inner.right,
+                                            without.inner.bottom}));
 }
 
 // A made-up file system and a shell that only notes the path it was given and the thread it was called on.
@@ -127,7 +121,7 @@ struct FakeShell {
 
 // A file opens its folder, a folder its parent; the name is cut one character at a time until it exists, and a
 // shortened name that is a file opens whole; a one-character path hands the shell the empty string. The shell
-// is called on another thread.
+// is called on another thread. (The cut is the only use of the truncating copy, so it is tested through it.)
 TEST(OpenInShell, WhichPathReachesTheShell) {
     const struct {
         std::vector<std::wstring> files, folders;
@@ -152,16 +146,6 @@ TEST(OpenInShell, WhichPathReachesTheShell) {
     FakeShell shell;
     EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls())) << "an empty path opens nothing";
     EXPECT_EQ(0, lmvx::OpenInShellWith(nullptr, shell.Calls()));
-}
-
-TEST(CopyTruncated, CopiesWhatFitsAndAlwaysTerminates) {
-    wchar_t buffer[4] = {L'#', L'#', L'#', L'#'};
-    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 4, L"abcdef"));
-    EXPECT_STREQ(L"abc", buffer);
-    EXPECT_TRUE(lmvx::CopyTruncated(buffer, 4, L"ab"));
-    EXPECT_STREQ(L"ab", buffer);
-    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 1, L"a"));
-    EXPECT_STREQ(L"", buffer);
 }
 
 

@@ -69,18 +69,6 @@ TEST(OtherCells, StartTimeCountAndTextCells) {
     EXPECT_EQ(FormatTextCell(L"explorer.exe"), L"explorer.exe");
 }
 
-TEST(RowCells, IdleProcessWithBlankZeroKeepsItsCounts) {
-    const ProcessRowValues row{.imageName = L"idle.exe", .description = L"Idle tool", .companyName = L"Example Co",
-                               .pathName = L"C:\\tools\\idle.exe", .pid = 1234,
-                               .creationTime = Time(2023, 11, 5, 14, 30, 0), .username = L"HOST\\user",
-                               .handleCount = 17, .userObjectCount = 3, .gdiObjectCount = 9};
-    const std::array<std::wstring, kColumnCount> expected = {
-        L"idle.exe", L"", L"", L"", L"Idle tool", L"Example Co", L"C:\\tools\\idle.exe", L"1234",
-        L"05/11/2023 14:30:00", L"HOST\\user", L"17", L"3", L"9",
-    };
-    EXPECT_EQ(FormatRowCells(row, true, kStartTimeFormat), expected);
-}
-
 // (The check marks of the rate menu are tested on the refresh cycle's menu.)
 TEST(RefreshRates, ZeroPeriodCountsAsOneHundredAndTheMenuListsTheFiveRatesInOrder) {
     EXPECT_EQ(EffectivePeriod(0), 100u);
