@@ -35,6 +35,7 @@ TEST(BuildInfoText, NamesFileLineFunctionBuildAndTimestampAndIsCutTo367Character
     const std::wstring longName(1000, L'n');
     EXPECT_EQ(FormatBuildInfo(longName.c_str(), 76, L"wWinMain", 8212, L"d", L"t").size(), 367u);
     EXPECT_STREQ(FileNamePart(L"a/b\\c.cpp"), L"c.cpp");
+    EXPECT_STREQ(FileNamePart(L"a\\b/c.cpp"), L"c.cpp");
     EXPECT_STREQ(FileNamePart(L"c.cpp"), L"c.cpp");
     EXPECT_STREQ(FileNamePart(L"dir\\"), L"");
 }

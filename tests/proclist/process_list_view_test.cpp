@@ -345,18 +345,18 @@ TEST_F(ProcessListViewTest, CellsStayWithTheirRowsAndAMisplacedLastPairAloneIsNo
         ExpectCellsMatchRowPids();
     }
 
-    // Rows changed by another hand: a row deleted, a cell overwritten and a stranger added above the selection,
-    // whose PID stays right before and after the refresh that reads the rows back and puts them right.
+    // Rows changed by another hand: a stranger added above the selection, whose PID stays right before and after
+    // the refresh that reads the rows back and puts them right, a row deleted and a cell overwritten.
     list_.SetSortState({kUnsorted, false});
     EXPECT_FALSE(list_.SelectedPid().has_value());
-    const unsigned selected = PidOfRow(ListView(), 2);
-    ListView_SetItemState(ListView(), 2, LVIS_SELECTED, LVIS_SELECTED);
-    ListView_DeleteItem(ListView(), 0);
-    ListView_SetItemText(ListView(), 0, proclist::kColumnProcessId, const_cast<wchar_t*>(L"stale"));
+    const unsigned selected = PidOfRow(ListView(), 1);
+    ListView_SetItemState(ListView(), 1, LVIS_SELECTED, LVIS_SELECTED);
     wchar_t text[] = L"other.exe";
     const LVITEMW item{.mask = LVIF_TEXT | LVIF_PARAM, .pszText = text, .lParam = 999};
     ASSERT_EQ(ListView_InsertItem(ListView(), &item), 0);
     EXPECT_EQ(list_.SelectedPid(), selected);
+    ListView_DeleteItem(ListView(), 6);
+    ListView_SetItemText(ListView(), 1, proclist::kColumnProcessId, const_cast<wchar_t*>(L"stale"));
     list_.Refresh();
     EXPECT_EQ(list_.SelectedPid(), selected);
     EXPECT_EQ(ListView_GetItemCount(ListView()), 6);
