@@ -5,9 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <array>
+#include <future>
 #include <map>
-#include <mutex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,20 +24,16 @@
 
 namespace {
 
-const struct {
-    unsigned priorityClass;
-    const wchar_t* englishName;
-} kPriorityNames[] = {
-    {REALTIME_PRIORITY_CLASS, L"Realtime"},         {HIGH_PRIORITY_CLASS, L"High"},
-    {ABOVE_NORMAL_PRIORITY_CLASS, L"Above Normal"}, {NORMAL_PRIORITY_CLASS, L"Normal"},
-    {BELOW_NORMAL_PRIORITY_CLASS, L"Below Normal"}, {IDLE_PRIORITY_CLASS, L"Idle"},
-};
-
 // Each class has its English name and a German one; other values have the empty name, not "unknown". (Which
 // class each command sets is tested on real processes with the program's priority action.)
 TEST(PriorityNames, EachClassHasItsNameInTheLanguageOthersTheEmptyName) {
     UIL_LangModule.Init(GetModuleHandleW(nullptr), L"Lumivex Priority Test", L"test", UIL_LANGMODULE::English);
-    for (const auto& row : kPriorityNames) EXPECT_STREQ(row.englishName, lmvx::PriorityClassName(row.priorityClass));
+    const std::pair<unsigned, const wchar_t*> names[] = {
+        {REALTIME_PRIORITY_CLASS, L"Realtime"},         {HIGH_PRIORITY_CLASS, L"High"},
+        {ABOVE_NORMAL_PRIORITY_CLASS, L"Above Normal"}, {NORMAL_PRIORITY_CLASS, L"Normal"},
+        {BELOW_NORMAL_PRIORITY_CLASS, L"Below Normal"}, {IDLE_PRIORITY_CLASS, L"Idle"},
+    };
+    for (const auto& [priorityClass, name] : names) EXPECT_STREQ(name, lmvx::PriorityClassName(priorityClass));
     for (unsigned value : {0u, 1u, 0x20000u, 0x40000u, static_cast<unsigned>(IDM_PRIORITY_HIGH)}) {
         EXPECT_STREQ(L"", lmvx::PriorityClassName(value)) << value;
         EXPECT_EQ(0u, lmvx::PriorityClassNameId(value));
@@ -50,8 +47,9 @@ TEST(PriorityNames, EachClassHasItsNameInTheLanguageOthersTheEmptyName) {
 using lmvx::TitleRead;
 
 // Own windows on other threads are asked with a time-out; the own thread's and other processes' are read
-// directly. A window counts when it is visible, of the process and has a title that fits.
-TEST(ProcessWindowRules, TitleReadAndWhichWindowsQualify) {
+// directly. A window counts when it is visible, of the process and has a title that fits. Zero coordinates of
+// the window menu come from the cursor, each on its own.
+TEST(ProcessWindowRules, TitleReadWhichWindowsQualifyAndMenuPosition) {
     EXPECT_EQ(TitleRead::TimedMessage, lmvx::ChooseTitleRead(10, 21, 10, 20));
     EXPECT_EQ(TitleRead::Direct, lmvx::ChooseTitleRead(10, 20, 10, 20));
     EXPECT_EQ(TitleRead::Direct, lmvx::ChooseTitleRead(11, 21, 10, 20));
@@ -62,26 +60,22 @@ TEST(ProcessWindowRules, TitleReadAndWhichWindowsQualify) {
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 8, 7, 5));
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 7, 7, 0));
     EXPECT_FALSE(lmvx::QualifiesAsProcessWindow(true, 7, 7, lmvx::kWindowTitleCapacity));
-}
-
-// Zero coordinates of the window menu come from the cursor, each on its own.
-TEST(ProcessWindowRules, MenuPosition) {
-    const POINT cursor = {300, 400};
-    const struct { int x, y; LONG expectedX, expectedY; } cases[] = {
-        {10, 20, 10, 20}, {0, 20, 300, 20}, {10, 0, 10, 400}, {0, 0, 300, 400}};
-    for (const auto& c : cases) {
-        const POINT position = lmvx::WindowMenuPosition(c.x, c.y, cursor);
-        EXPECT_EQ(c.expectedX, position.x) << c.x << "," << c.y;
-        EXPECT_EQ(c.expectedY, position.y) << c.x << "," << c.y;
+    const std::array<LONG, 4> menus[] = {{10, 20, 10, 20}, {0, 20, 300, 20}, {10, 0, 10, 400}, {0, 0, 300, 400}};
+    for (const auto& [x, y, menuX, menuY] : menus) {
+        const POINT position = lmvx::WindowMenuPosition(x, y, POINT{300, 400});
+        EXPECT_EQ((std::pair{position.x, position.y}), (std::pair{menuX, menuY})) << x << "," << y;
     }
 }
 
 using lmvx::ButtonFill;
 
+bool SameRect(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
+
 // The light face adds ten to each channel in one integer addition, so it carries into the next channel
 // instead of saturating (intended: the buttons have always been painted so). Pressed wins over focus, and
-// focus lightens an unpressed button.
-TEST(OwnerButton, ColoursAndFill) {
+// focus lightens an unpressed button. The inner rectangle leaves a one-pixel frame; the icon sits at the left,
+// centred, and pushes the text.
+TEST(OwnerButton, ColoursFillAndLayout) {
     EXPECT_EQ(RGB(0xDA, 0xDA, 0xDA), lmvx::LightFaceColor(RGB(0xD0, 0xD0, 0xD0)));
     EXPECT_EQ(static_cast<COLORREF>(0x00FA0B04), lmvx::LightFaceColor(RGB(0xFA, 0x00, 0xF0)));
     EXPECT_EQ(static_cast<COLORREF>(0x000B0A09), lmvx::LightFaceColor(RGB(0xFF, 0xFF, 0x00)));
@@ -90,12 +84,7 @@ TEST(OwnerButton, ColoursAndFill) {
     EXPECT_EQ(ButtonFill::Highlight, lmvx::ChooseButtonFill(true, true, false));
     EXPECT_EQ(ButtonFill::LightFace, lmvx::ChooseButtonFill(false, false, true));
     EXPECT_EQ(ButtonFill::Face, lmvx::ChooseButtonFill(false, false, false));
-}
 
-bool SameRect(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
-
-// The inner rectangle leaves a one-pixel frame; the icon sits at the left, centred, and pushes the text.
-TEST(OwnerButton, Layout) {
     const RECT item = {10, 20, 110, 45};
     const lmvx::OwnerButtonLayout withIcon = lmvx::LayOutOwnerButton(item, true);
     const lmvx::OwnerButtonLayout without = lmvx::LayOutOwnerButton(item, false);
@@ -103,51 +92,36 @@ TEST(OwnerButton, Layout) {
     EXPECT_EQ(withIcon.inner.left + 6, withIcon.icon.x);
     EXPECT_EQ(withIcon.inner.top + (withIcon.inner.bottom - withIcon.inner.top) / 2 - 8, withIcon.icon.y);
     EXPECT_EQ(withIcon.inner.left + 21 + 6, withIcon.text.left);
-    EXPECT_TRUE(SameRect(without.text, RECT{without.inner.left + 6, without.inner.top, without.inner.right, without.inner.bottom}));
+    EXPECT_TRUE(SameRect(without.text, RECT{without.inner.left + 6, without.inner.top, without.inner.right,
+                                            without.inner.bottom}));
 }
 
-// A made-up file system and a shell that only takes notes.
-class FakeShell {
-public:
-    void AddFile(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_ARCHIVE; }
-    void AddFolder(const std::wstring& path) { attributes_[path] = FILE_ATTRIBUTE_DIRECTORY; }
+// A made-up file system and a shell that only notes the path it was given and the thread it was called on.
+struct FakeShell {
+    std::map<std::wstring, DWORD> attributes;
+    std::promise<std::pair<std::wstring, DWORD>> opened;
 
-    lmvx::ShellOpenCalls Calls() { return {FileAttributes, Execute, this}; }
-
-    // The path the shell was given, waiting for the helper thread to hand it over.
-    std::wstring OpenedPath() {
-        std::unique_lock<std::mutex> lock(mutex_);
-        if (!condition_.wait_for(lock, std::chrono::seconds(10), [this] { return opened_; })) return L"<none>";
-        return openedPath_;
+    lmvx::ShellOpenCalls Calls() {
+        const auto fileAttributes = [](void* context, const wchar_t* path) -> DWORD {
+            const auto& known = static_cast<FakeShell*>(context)->attributes;
+            return known.contains(path) ? known.at(path) : INVALID_FILE_ATTRIBUTES;
+        };
+        const auto execute = [](void* context, const wchar_t* path) {
+            static_cast<FakeShell*>(context)->opened.set_value({path, GetCurrentThreadId()});
+        };
+        return {fileAttributes, execute, this};
     }
-    DWORD OpeningThread() { return OpenedPath(), openingThread_; }
-
-private:
-    static DWORD FileAttributes(void* context, const wchar_t* path) {
-        const auto& attributes = static_cast<FakeShell*>(context)->attributes_;
-        const auto found = attributes.find(path);
-        return found == attributes.end() ? INVALID_FILE_ATTRIBUTES : found->second;
+    // Waits for the helper thread to hand the call over.
+    std::pair<std::wstring, DWORD> Opened() {
+        auto call = opened.get_future();
+        if (call.wait_for(std::chrono::seconds(10)) != std::future_status::ready) return {L"<none>", 0};
+        return call.get();
     }
-    static void Execute(void* context, const wchar_t* path) {
-        auto* shell = static_cast<FakeShell*>(context);
-        std::lock_guard<std::mutex> lock(shell->mutex_);
-        shell->openedPath_ = path;
-        shell->openingThread_ = GetCurrentThreadId();
-        shell->opened_ = true;
-        shell->condition_.notify_all();
-    }
-
-    std::map<std::wstring, DWORD> attributes_;
-    std::mutex mutex_;
-    std::condition_variable condition_;
-    bool opened_ = false;
-    std::wstring openedPath_;
-    DWORD openingThread_ = 0;
 };
 
 // A file opens its folder, a folder its parent; the name is cut one character at a time until it exists, and a
 // shortened name that is a file opens whole; a one-character path hands the shell the empty string. The shell
-// is called on another thread.
+// is called on another thread. (The cut is the only use of the truncating copy, so it is tested through it.)
 TEST(OpenInShell, WhichPathReachesTheShell) {
     const struct {
         std::vector<std::wstring> files, folders;
@@ -162,71 +136,53 @@ TEST(OpenInShell, WhichPathReachesTheShell) {
     };
     for (const auto& c : cases) {
         FakeShell shell;
-        for (const std::wstring& file : c.files) shell.AddFile(file);
-        for (const std::wstring& folder : c.folders) shell.AddFolder(folder);
+        for (const std::wstring& file : c.files) shell.attributes[file] = FILE_ATTRIBUTE_ARCHIVE;
+        for (const std::wstring& folder : c.folders) shell.attributes[folder] = FILE_ATTRIBUTE_DIRECTORY;
         EXPECT_EQ(1, lmvx::OpenInShellWith(c.path, shell.Calls())) << c.path;
-        EXPECT_EQ(c.opened, shell.OpenedPath()) << c.path;
-        EXPECT_NE(GetCurrentThreadId(), shell.OpeningThread()) << "the shell is called on another thread";
+        const auto [opened, thread] = shell.Opened();
+        EXPECT_EQ(c.opened, opened) << c.path;
+        EXPECT_NE(GetCurrentThreadId(), thread) << "the shell is called on another thread";
     }
     FakeShell shell;
     EXPECT_EQ(0, lmvx::OpenInShellWith(L"", shell.Calls())) << "an empty path opens nothing";
     EXPECT_EQ(0, lmvx::OpenInShellWith(nullptr, shell.Calls()));
 }
 
-TEST(CopyTruncated, CopiesWhatFitsAndAlwaysTerminates) {
-    wchar_t buffer[4] = {L'#', L'#', L'#', L'#'};
-    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 4, L"abcdef"));
-    EXPECT_STREQ(L"abc", buffer);
-    EXPECT_TRUE(lmvx::CopyTruncated(buffer, 4, L"ab"));
-    EXPECT_STREQ(L"ab", buffer);
-    EXPECT_FALSE(lmvx::CopyTruncated(buffer, 1, L"a"));
-    EXPECT_STREQ(L"", buffer);
-}
-
 
 HWND Handle(unsigned value) { return reinterpret_cast<HWND>(static_cast<UINT_PTR>(value)); }
 
-// Answers with the handle's value as process and thread, 0 (gone) for handles listed in gone; logs asks.
-struct Lookup {
-    std::vector<HWND> asked;
-    std::vector<HWND> gone;
-    lmvx::WindowOwner operator()(HWND window) {
-        asked.push_back(window);
-        for (HWND missing : gone) {
-            if (missing == window) return {};
-        }
-        const auto value = static_cast<DWORD>(reinterpret_cast<UINT_PTR>(window));
-        return {value + 1000, value};
-    }
-};
-
 TEST(WindowOwnerCache, AsksOncePerWindowWhileItStaysListedAndForgetsTheRest) {
     lmvx::WindowOwnerCache cache;
-    Lookup lookup;
-    auto ask = [&](HWND window) { return lookup(window); };
+    std::vector<HWND> asked;
+    std::set<HWND> gone;
+    // Answers with the handle's value as thread and the value + 1000 as process, nothing for the gone ones.
+    const auto ask = [&](HWND window) {
+        asked.push_back(window);
+        const auto value = static_cast<DWORD>(reinterpret_cast<UINT_PTR>(window));
+        return gone.contains(window) ? lmvx::WindowOwner{} : lmvx::WindowOwner{value + 1000, value};
+    };
     const std::vector<HWND> windows{Handle(0x10020), Handle(0x10024), Handle(0x2002c)};
     const auto first = cache.OwnersOf(windows, ask);
     ASSERT_EQ(first.size(), 3u);
     EXPECT_EQ(first[1].processId, 0x10024u + 1000);
     EXPECT_EQ(first[1].threadId, 0x10024u);
-    EXPECT_EQ(lookup.asked, windows);
+    EXPECT_EQ(asked, windows);
 
-    lookup.asked.clear();
-    const std::vector<HWND> reordered{Handle(0x2002c), Handle(0x10020), Handle(0x10024), Handle(0x30030)};
-    const auto second = cache.OwnersOf(reordered, ask);
-    EXPECT_EQ(lookup.asked, std::vector<HWND>{Handle(0x30030)}) << "only the new window is asked about";
+    asked.clear();
+    const auto second = cache.OwnersOf({Handle(0x2002c), Handle(0x10020), Handle(0x10024), Handle(0x30030)}, ask);
+    EXPECT_EQ(asked, std::vector<HWND>{Handle(0x30030)}) << "only the new window is asked about";
     ASSERT_EQ(second.size(), 4u);
     EXPECT_EQ(second[0].threadId, 0x2002cu) << "owners follow the order of this listing";
     EXPECT_EQ(second[3].threadId, 0x30030u);
 
     // Windows that left the listing and windows that could not be answered are forgotten.
-    lookup.gone = {Handle(0x50050)};
+    gone = {Handle(0x50050)};
     cache.OwnersOf({Handle(0x40040), Handle(0x50050)}, ask);
     cache.OwnersOf({Handle(0x50050)}, ask);   // 0x40040 has gone from the listing
-    lookup.asked.clear();
-    lookup.gone.clear();
+    asked.clear();
+    gone.clear();
     const auto owners = cache.OwnersOf({Handle(0x40040), Handle(0x50050)}, ask);
-    EXPECT_EQ(lookup.asked, (std::vector<HWND>{Handle(0x40040), Handle(0x50050)}));
+    EXPECT_EQ(asked, (std::vector<HWND>{Handle(0x40040), Handle(0x50050)}));
     EXPECT_EQ(owners[1].threadId, 0x50050u) << "a window that could not be answered is asked again";
 }
 

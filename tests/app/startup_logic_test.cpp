@@ -27,16 +27,15 @@ TEST(BuildInfoSwitch, MatchesInAnyCaseAndAtAnyPosition) {
     EXPECT_FALSE(AsksForBuildInfo(nullptr));
 }
 
-// The text names file, line, function, build and time stamp and is cut to the buffer of 368 characters.
+// The text names file, line, function, build and time stamp and is cut to the buffer of 368 characters; the
+// file's name is what follows the last separator of either kind.
 TEST(BuildInfoText, NamesFileLineFunctionBuildAndTimestampAndIsCutTo367Characters) {
     const std::wstring text = FormatBuildInfo(L"C:\\src\\app\\main.cpp", 76, L"wWinMain", 8212, L"Sep 21 2008", L"20:02:31");
     EXPECT_EQ(text, L"Address:\tmain.cpp[76]:wWinMain\nBuild:\t\t8212\nTimestamp:\tSep 21 2008 (20:02:31)");
     const std::wstring longName(1000, L'n');
     EXPECT_EQ(FormatBuildInfo(longName.c_str(), 76, L"wWinMain", 8212, L"d", L"t").size(), 367u);
-}
-
-TEST(FileNamePart, TakesWhatFollowsTheLastSeparator) {
     EXPECT_STREQ(FileNamePart(L"a/b\\c.cpp"), L"c.cpp");
+    EXPECT_STREQ(FileNamePart(L"a\\b/c.cpp"), L"c.cpp");
     EXPECT_STREQ(FileNamePart(L"c.cpp"), L"c.cpp");
     EXPECT_STREQ(FileNamePart(L"dir\\"), L"");
 }

@@ -1,6 +1,9 @@
 // Address, port, state and time texts of the endpoint views, and the columns each view builds from them.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <tuple>
+
 #include "net/endpoint_text.h"
 
 namespace {
@@ -25,36 +28,31 @@ TEST(EndpointText, TcpStateTable) {
     for (unsigned state = 0; state < std::size(expected); ++state) EXPECT_STREQ(TcpStateText(state), expected[state]) << state;
 }
 
+using Texts = std::tuple<std::wstring, std::wstring, std::wstring>;
+Texts TextsOf(const EndpointColumns& columns) { return {columns.localHost, columns.remoteHost, columns.status}; }
+
 TEST(EndpointText, DialogColumns) {
     EXPECT_EQ(DialogTypeText(0, L"Unknown"), L"TCP");
     EXPECT_EQ(DialogTypeText(16, L"Unknown"), L"UDP");
     EXPECT_EQ(DialogTypeText(1, L"Unknown"), L"Unknown") << "TCP over IPv6 is typed unknown, as intended";
-    EndpointFields tcp6{.protocol = 1, .localIP6 = kIPv6Loopback, .localPort = 5000, .remotePort = 6000, .state = 5};
-    const EndpointColumns printedAsIPv4 = DialogColumns(tcp6);
-    EXPECT_EQ(printedAsIPv4.localHost, L"0.0.0.0:5000");
-    EXPECT_EQ(printedAsIPv4.remoteHost, L"0.0.0.0:6000");
-    EXPECT_EQ(printedAsIPv4.status, L"ESTABLISHED");
-
+    const EndpointFields tcp6{.protocol = 1, .localIP6 = kIPv6Loopback, .localPort = 5000, .remotePort = 6000,
+                              .state = 5};
+    EXPECT_EQ(TextsOf(DialogColumns(tcp6)), Texts(L"0.0.0.0:5000", L"0.0.0.0:6000", L"ESTABLISHED"))
+        << "printed as IPv4";
     EndpointFields udp{.protocol = 16, .localAddress = kLoopback, .localPort = 53, .remoteHostname = L"ignored"};
-    EXPECT_EQ(DialogColumns(udp).localHost, L"127.0.0.1:53");
-    EXPECT_EQ(DialogColumns(udp).remoteHost, L"");
-    EXPECT_EQ(DialogColumns(udp).status, L"");
+    EXPECT_EQ(TextsOf(DialogColumns(udp)), Texts(L"127.0.0.1:53", L"", L""));
     udp.localHostname = L"localhost";
-    EXPECT_EQ(DialogColumns(udp).localHost, L"localhost:53") << "names the library has show without resolving";
+    EXPECT_EQ(DialogColumns(udp).localHost, L"localhost:53") << "names the library has, shown without resolving";
 }
 
 TEST(EndpointText, PageShowsNamesOnlyWhenResolving) {
     const EndpointFields tcp6{.protocol = 1, .localIP6 = kIPv6Loopback, .remoteIP6 = kIPv6Loopback, .localPort = 5000,
                               .remotePort = 6000, .localHostname = L"here", .remoteHostname = L"there",
                               .stateText = L"ESTABLISHED"};
-    const EndpointColumns off = PageColumns(tcp6, false);
-    EXPECT_EQ(off.localHost, L"[0:0:0:0:0:0:0:100]:5000");
-    EXPECT_EQ(off.remoteHost, L"[0:0:0:0:0:0:0:100]:6000");
-    EXPECT_EQ(off.status, L"ESTABLISHED");
-    const EndpointColumns on = PageColumns(tcp6, true);
-    EXPECT_EQ(on.localHost, L"here:5000");
-    EXPECT_EQ(on.remoteHost, L"here:6000") << "the local name with the remote port, as intended";
-
+    EXPECT_EQ(TextsOf(PageColumns(tcp6, false)),
+              Texts(L"[0:0:0:0:0:0:0:100]:5000", L"[0:0:0:0:0:0:0:100]:6000", L"ESTABLISHED"));
+    EXPECT_EQ(TextsOf(PageColumns(tcp6, true)), Texts(L"here:5000", L"here:6000", L"ESTABLISHED"))
+        << "the local name with the remote port, as intended";
     EndpointFields tcp{.remoteAddress = kLoopback, .remotePort = 2, .remoteHostname = L"there"};
     EXPECT_EQ(PageColumns(tcp, false).remoteHost, L"127.0.0.1:2");
     EXPECT_EQ(PageColumns(tcp, true).remoteHost, L"there:2");

@@ -70,12 +70,9 @@ TEST(EnvironmentBlock, CutsEachStringAtItsFirstEquals) {
     for (const auto& [block, rows] : cases) EXPECT_EQ(Cut(block), rows) << testing::PrintToString(block);
 }
 
-TEST(GroupFlags, NameTheStrongestAttributeThenRestricted) {
-    struct Case {
-        DWORD attributes;
-        std::vector<unsigned> ids;
-    };
-    const Case cases[] = {
+// A group names its strongest attribute, then Restricted; a privilege appends every attribute in order.
+TEST(TokenFlags, GroupsNameTheStrongestAttributeThenRestrictedPrivilegesAppendEveryAttribute) {
+    const std::pair<DWORD, std::vector<unsigned>> groups[] = {
         {SE_GROUP_MANDATORY | SE_GROUP_ENABLED_BY_DEFAULT | SE_GROUP_ENABLED, {IDS_FLAG_MANDATORY}},
         {SE_GROUP_OWNER | SE_GROUP_MANDATORY | SE_GROUP_ENABLED, {IDS_FLAG_OWNER}},
         {SE_GROUP_ENABLED_BY_DEFAULT | SE_GROUP_ENABLED, {IDS_FLAG_DEFAULT}},
@@ -84,22 +81,17 @@ TEST(GroupFlags, NameTheStrongestAttributeThenRestricted) {
         {SE_GROUP_OWNER | SE_GROUP_USE_FOR_DENY_ONLY, {IDS_FLAG_OWNER, IDS_FLAG_RESTRICTED}},
         {SE_GROUP_LOGON_ID, {}},
     };
-    for (const Case& c : cases) EXPECT_EQ(GroupFlagTextIds(c.attributes), c.ids) << std::hex << c.attributes;
-}
-
-TEST(PrivilegeFlags, AppendEveryAttributeInOrder) {
-    struct Case {
-        DWORD attributes;
-        std::vector<unsigned> ids;
-    };
-    const Case cases[] = {
+    for (const auto& [attributes, ids] : groups) EXPECT_EQ(GroupFlagTextIds(attributes), ids) << std::hex << attributes;
+    const std::pair<DWORD, std::vector<unsigned>> privileges[] = {
         {0, {IDS_FLAG_DISABLED}},
         {SE_PRIVILEGE_ENABLED_BY_DEFAULT | SE_PRIVILEGE_ENABLED, {IDS_FLAG_DEFAULT, IDS_FLAG_ENABLED}},
         {SE_PRIVILEGE_ENABLED, {IDS_FLAG_ENABLED}},
         {SE_PRIVILEGE_REMOVED, {IDS_FLAG_REMOVED}},
         {SE_PRIVILEGE_USED_FOR_ACCESS | SE_PRIVILEGE_ENABLED, {IDS_FLAG_ENABLED, IDS_FLAG_USED_FOR_ACCESS}},
     };
-    for (const Case& c : cases) EXPECT_EQ(PrivilegeFlagTextIds(c.attributes), c.ids) << std::hex << c.attributes;
+    for (const auto& [attributes, ids] : privileges) {
+        EXPECT_EQ(PrivilegeFlagTextIds(attributes), ids) << std::hex << attributes;
+    }
 }
 
 }  // namespace

@@ -38,20 +38,16 @@ TEST(PaneCommandRouting, RoutesTheWindowTestsCannotWatch) {
         EXPECT_EQ(RoutePaneCommand(command).action, PaneAction::Ignore) << command;
 }
 
-// A short line stays as it is, a long one is cut to 511 characters, no line gives an empty one.
-TEST(RestartCommandLine, KeepsShortLinesAndCutsLongOnesTo511Characters) {
+// A restart keeps a short command line and cuts a long one to 511 characters, no line gives an empty one; a
+// note is stored under the image's file name.
+TEST(RestartAndNotes, CommandLineIsCutTo511CharactersAndANoteIsNamedByTheImageFileName) {
     EXPECT_EQ(RestartCommandLine(L"\"C:\\a b\\x.exe\" -n 5"), L"\"C:\\a b\\x.exe\" -n 5");
     EXPECT_EQ(RestartCommandLine(L""), L"");
     EXPECT_EQ(RestartCommandLine(nullptr), L"");
     const std::wstring line = L"prog.exe " + std::wstring(700, L'x');
-    const std::wstring kept = RestartCommandLine(line.c_str());
-    EXPECT_EQ(kept.size(), 511u);
-    EXPECT_EQ(kept, line.substr(0, 511));
+    EXPECT_EQ(RestartCommandLine(line.c_str()), line.substr(0, 511));
     EXPECT_EQ(RestartCommandLine(line.substr(0, 511).c_str()).size(), 511u);
     EXPECT_EQ(RestartCommandLine(line.substr(0, 512).c_str()).size(), 511u);
-}
-
-TEST(NoteValueName, IsTheImageFileName) {
     EXPECT_EQ(NoteValueName(L"C:\\Windows\\notepad.exe"), L"notepad.exe");
     EXPECT_EQ(NoteValueName(L"Z:/work/bin/lmvx64.exe"), L"lmvx64.exe");
     EXPECT_EQ(NoteValueName(L"explorer.exe"), L"explorer.exe");
@@ -59,8 +55,9 @@ TEST(NoteValueName, IsTheImageFileName) {
 }
 
 // A command is listed without its "\\1" suffix (one without is kept); the ordering value and other types are
-// skipped.
-TEST(RunMru, ListsCommandsWithoutTheirSuffixAndSkipsTheRest) {
+// skipped. Runas only for the elevated choice; shell results up to 32 are failures; the system's message has
+// no trailing line break.
+TEST(RunDialog, MruEntriesVerbFailuresAndSystemMessage) {
     EXPECT_EQ(RunMruListEntry(L"a", REG_SZ, L"cmd\\1"), L"cmd");
     EXPECT_EQ(RunMruListEntry(L"b", REG_SZ, L"C:\\tools\\x.exe\\1"), L"C:\\tools\\x.exe");
     EXPECT_EQ(RunMruListEntry(L"c", REG_SZ, L"notepad"), L"notepad");
@@ -70,11 +67,6 @@ TEST(RunMru, ListsCommandsWithoutTheirSuffixAndSkipsTheRest) {
     EXPECT_FALSE(RunMruListEntry(L"a", REG_EXPAND_SZ, L"cmd\\1"));
     EXPECT_FALSE(RunMruListEntry(L"a", REG_BINARY, L"cmd\\1"));
     EXPECT_FALSE(RunMruListEntry(L"", REG_SZ, L"cmd\\1"));
-}
-
-// Runas only for the elevated choice; shell results up to 32 are failures; the system's message has no
-// trailing line break.
-TEST(RunCommand, VerbFailuresAndSystemMessage) {
     EXPECT_EQ(RunVerb(true), nullptr);
     EXPECT_STREQ(RunVerb(false), L"runas");
     EXPECT_TRUE(IsShellExecuteFailure(0));

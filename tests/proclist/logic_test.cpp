@@ -69,18 +69,6 @@ TEST(OtherCells, StartTimeCountAndTextCells) {
     EXPECT_EQ(FormatTextCell(L"explorer.exe"), L"explorer.exe");
 }
 
-TEST(RowCells, IdleProcessWithBlankZeroKeepsItsCounts) {
-    const ProcessRowValues row{.imageName = L"idle.exe", .description = L"Idle tool", .companyName = L"Example Co",
-                               .pathName = L"C:\\tools\\idle.exe", .pid = 1234,
-                               .creationTime = Time(2023, 11, 5, 14, 30, 0), .username = L"HOST\\user",
-                               .handleCount = 17, .userObjectCount = 3, .gdiObjectCount = 9};
-    const std::array<std::wstring, kColumnCount> expected = {
-        L"idle.exe", L"", L"", L"", L"Idle tool", L"Example Co", L"C:\\tools\\idle.exe", L"1234",
-        L"05/11/2023 14:30:00", L"HOST\\user", L"17", L"3", L"9",
-    };
-    EXPECT_EQ(FormatRowCells(row, true, kStartTimeFormat), expected);
-}
-
 // (The check marks of the rate menu are tested on the refresh cycle's menu.)
 TEST(RefreshRates, ZeroPeriodCountsAsOneHundredAndTheMenuListsTheFiveRatesInOrder) {
     EXPECT_EQ(EffectivePeriod(0), 100u);
@@ -203,27 +191,20 @@ TEST(HeaderClick, ProcessHeaderCyclesOthersSelectTheShiftedModeGdiAndStrangersDo
 // Thirteen modes (strings 157 to 169 in order), a separator and Reverse; the item of the current mode is the
 // only mode item checked (none for a mode outside the table); the reverse item follows the flag.
 TEST(SortMenu, ItemsAndTheirCheckMarks) {
-    const auto items = SortMenuItems({kSortProcessTree, false});
-    ASSERT_EQ(items.size(), 15u);
-    for (size_t i = 0; i < 13; ++i) {
-        EXPECT_FALSE(items[i].separator);
-        EXPECT_EQ(items[i].stringId, IDS_SORT_PROCESS_TREE + i);
-    }
-    EXPECT_TRUE(items[13].separator);
-    EXPECT_EQ(items[14].commandId, static_cast<unsigned>(IDM_SORT_REVERSE));
-    EXPECT_EQ(items[14].stringId, static_cast<unsigned>(IDS_SORT_REVERSE));
     for (unsigned mode = 0; mode <= kSortModeCount; ++mode) {
         for (bool reverse : {false, true}) {
             SCOPED_TRACE(mode);
-            const auto checkedItems = SortMenuItems({mode, reverse});
-            int checked = 0;
-            for (size_t i = 0; i + 1 < checkedItems.size(); ++i) {
-                if (!checkedItems[i].checked) continue;
-                ++checked;
-                EXPECT_EQ(SortModeOfCommand(checkedItems[i].commandId), mode);
+            const auto items = SortMenuItems({mode, reverse});
+            ASSERT_EQ(items.size(), 15u);
+            for (size_t i = 0; i < 13; ++i) {
+                EXPECT_FALSE(items[i].separator);
+                EXPECT_EQ(items[i].stringId, IDS_SORT_PROCESS_TREE + i);
+                EXPECT_EQ(items[i].checked, SortModeOfCommand(items[i].commandId) == mode) << i;
             }
-            EXPECT_EQ(checked, mode < kSortModeCount ? 1 : 0);
-            EXPECT_EQ(checkedItems.back().checked, reverse);
+            EXPECT_TRUE(items[13].separator);
+            EXPECT_EQ(items[14].commandId, static_cast<unsigned>(IDM_SORT_REVERSE));
+            EXPECT_EQ(items[14].stringId, static_cast<unsigned>(IDS_SORT_REVERSE));
+            EXPECT_EQ(items[14].checked, reverse);
         }
     }
 }
@@ -253,37 +234,36 @@ std::vector<unsigned> Pids(const RowShadow& shadow) {
     return pids;
 }
 
-// Rows 1, 2, 3 inserted at the top in turn (so shown 3, 2, 1), each with its PID as first cell.
-RowShadow ThreeRows(bool pidAsImage = false) {
+// Rows 1, 2, 3 inserted at the top in turn (so shown 3, 2, 1), each with its PID as first cell and image.
+RowShadow ThreeRows() {
     RowShadow shadow;
-    for (unsigned pid : {1u, 2u, 3u}) shadow.Insert(0, pid, pidAsImage ? static_cast<int>(pid) : 0, std::to_wstring(pid));
+    for (unsigned pid : {1u, 2u, 3u}) shadow.Insert(0, pid, static_cast<int>(pid), std::to_wstring(pid));
     return shadow;
+}
+
+// Whether a row of ThreeRows still holds its own first cell and image.
+bool KeepsItsCells(const RowShadow& shadow, int row) {
+    const unsigned pid = shadow.PidAt(row);
+    return !shadow.IsCellDifferent(row, 0, std::to_wstring(pid)) &&
+           !shadow.IsImageDifferent(row, static_cast<int>(pid));
 }
 
 // An inserted row knows its first cell, empty other cells, no indent and its image, and pushes the others
 // down; a recorded cell, indent or image matches only itself until it is forgotten.
 TEST(RowShadow, InsertRecordAndForget) {
-    RowShadow shadow;
-    shadow.Insert(0, 42, 3, L"a.exe");
-    ASSERT_EQ(shadow.Count(), 1);
-    EXPECT_EQ(shadow.PidAt(0), 42u);
-    EXPECT_FALSE(shadow.IsCellDifferent(0, 0, L"a.exe"));
-    EXPECT_TRUE(shadow.IsCellDifferent(0, 0, L"b.exe"));
+    RowShadow shadow = ThreeRows();
+    EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 2, 1}));
+    EXPECT_EQ(shadow.FindRow(1), 2);
+    EXPECT_EQ(shadow.FindRow(7), -1);
+    EXPECT_TRUE(KeepsItsCells(shadow, 2));
+    EXPECT_TRUE(shadow.IsCellDifferent(2, 0, L"2"));
+    EXPECT_TRUE(shadow.IsImageDifferent(2, 2));
     for (int column = 1; column < kColumnCount; ++column) {
         EXPECT_FALSE(shadow.IsCellDifferent(0, column, L""));
         EXPECT_TRUE(shadow.IsCellDifferent(0, column, L"0"));
     }
     EXPECT_FALSE(shadow.IsIndentDifferent(0, 0));
     EXPECT_TRUE(shadow.IsIndentDifferent(0, 1));
-    EXPECT_FALSE(shadow.IsImageDifferent(0, 3));
-    EXPECT_TRUE(shadow.IsImageDifferent(0, 0));
-
-    shadow = ThreeRows();
-    EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 2, 1}));
-    EXPECT_EQ(shadow.FindRow(1), 2);
-    EXPECT_EQ(shadow.FindRow(3), 0);
-    EXPECT_EQ(shadow.FindRow(7), -1);
-    EXPECT_FALSE(shadow.IsCellDifferent(2, 0, L"1"));
     shadow.Insert(9, 4, 0, L"");
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 2, 1, 4})) << "beyond the end appends";
 
@@ -302,32 +282,25 @@ TEST(RowShadow, InsertRecordAndForget) {
 
 TEST(RowShadow, EraseResetPermuteAndReorder) {
     RowShadow shadow = ThreeRows();
-    shadow.Erase(1);
+    for (int row : {1, -1, 2}) shadow.Erase(row);   // the last two are no rows any more and are ignored
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{3, 1}));
-    EXPECT_FALSE(shadow.IsCellDifferent(1, 0, L"1"));
-    shadow.Erase(-1);
-    shadow.Erase(2);
-    EXPECT_EQ(shadow.Count(), 2) << "bad rows are ignored";
+    EXPECT_TRUE(KeepsItsCells(shadow, 1));
     shadow.RecordIndent(1, 1);
     shadow.ResetToPids({4, 5});   // knows the PIDs but no cell, indent or image
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{4, 5}));
-    EXPECT_TRUE(shadow.IsCellDifferent(0, 0, L""));
-    EXPECT_TRUE(shadow.IsIndentDifferent(1, 0));
-    EXPECT_TRUE(shadow.IsImageDifferent(1, 0));
+    EXPECT_TRUE(shadow.IsCellDifferent(1, 0, L"1"));
+    EXPECT_TRUE(shadow.IsIndentDifferent(1, 1));
+    EXPECT_TRUE(shadow.IsImageDifferent(1, 1));
 
-    // Permuting and reordering carry each row's cells.
-    shadow = ThreeRows(true);
+    // Permuting and reordering carry each row's cells; a permutation of another length changes nothing.
+    shadow = ThreeRows();
     shadow.Permute({2, 0, 1});
-    EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{1, 3, 2}));
-    EXPECT_FALSE(shadow.IsCellDifferent(0, 0, L"1"));
-    EXPECT_FALSE(shadow.IsImageDifferent(1, 3));
-    EXPECT_FALSE(shadow.IsCellDifferent(2, 0, L"2"));
     shadow.Permute({0});
-    EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{1, 3, 2})) << "a permutation of another length changes nothing";
+    EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{1, 3, 2}));
+    for (int row = 0; row < 3; ++row) EXPECT_TRUE(KeepsItsCells(shadow, row)) << row;
     shadow.Reorder({2, 1, 3});
     EXPECT_EQ(Pids(shadow), (std::vector<unsigned>{2, 1, 3}));
-    EXPECT_FALSE(shadow.IsCellDifferent(0, 0, L"2"));
-    EXPECT_FALSE(shadow.IsCellDifferent(2, 0, L"3"));
+    for (int row = 0; row < 3; ++row) EXPECT_TRUE(KeepsItsCells(shadow, row)) << row;
     // Unknown, missing or repeated PIDs: the copy starts again from the given PIDs.
     for (std::vector<unsigned> order : {std::vector<unsigned>{1, 2, 8}, {1, 2}, {1, 1, 2}, {1, 2, 3, 4}}) {
         RowShadow other = ThreeRows();

@@ -32,17 +32,13 @@ std::vector<unsigned> ListedDialogs(const ProcessAccess& access) {
 }
 
 TEST(PropertiesPageTree, ListsPagesByTreePositionAndLeavesOutWhatCannotBeOpened) {
-    struct Case {
-        ProcessAccess access;
-        std::vector<unsigned> listed;
-    };
-    const Case cases[] = {
+    const std::pair<ProcessAccess, std::vector<unsigned>> cases[] = {
         {{true, true, true}, {195, 7661, 7659, 7657, 199, 255}},
         {{true, false, true}, {195, 7661, 7659, 7657, 199}},   // no token
         {{false, false, true}, {195, 7657, 199}},              // a process we may not query
         {{true, true, false}, {195, 7661, 7659, 7657, 255}},   // no module snapshot
     };
-    for (const Case& c : cases) EXPECT_EQ(ListedDialogs(c.access), c.listed);
+    for (const auto& [access, listed] : cases) EXPECT_EQ(ListedDialogs(access), listed);
 }
 
 TEST(PropertiesExitNotice, ShowsTheCodeSignedAndInHexadecimal) {
