@@ -58,11 +58,11 @@ bool DialogAnswerer::AnswerNewBoxes() {
     for (HWND box : VisibleWindowsOf(GetCurrentProcessId(), L"#32770")) {
         if (std::find(answered_.begin(), answered_.end(), box) != answered_.end()) continue;
         answered_.push_back(box);
+        // A task dialog is visible before it has its caption and text controls. A message sent to it returns
+        // only once its thread takes messages again, that is, after it has finished setting itself up.
+        SendMessageW(box, WM_NULL, 0, 0);
         SeenBox seen;
         seen.caption = WindowText(box);
-        // A task dialog is visible before it has created its text controls. A message sent to it returns only
-        // once its thread takes messages again, that is, after it has finished setting itself up.
-        SendMessageW(box, WM_NULL, 0, 0);
         EnumChildWindows(
             box,
             [](HWND child, LPARAM context) -> BOOL {
