@@ -10,7 +10,6 @@ TEST(AppInfo, IdentityBuildInstanceAndSettingsKeyComeBackAsRegistered) {
     EXPECT_STREQ(wren::GetAppVersionText(), L"5.0");
     EXPECT_EQ(wren::GetAppVersionNumber(), 5001u);
     EXPECT_EQ(wren::PostInit(), 1);
-    EXPECT_STREQ(wren::GetSettingsKeyPath(), L"Software\\Orvane Software\\Lumivex\\Settings");
     wren::SetBuildInfo(L"Sep 21 2008", L"20:02:31", 8212);
     EXPECT_STREQ(wren::GetBuildDate(), L"Sep 21 2008");
     EXPECT_STREQ(wren::GetBuildTime(), L"20:02:31");
