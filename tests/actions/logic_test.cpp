@@ -72,13 +72,14 @@ using lmvx::ButtonFill;
 bool SameRect(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
 
 // The light face adds ten to each channel in one integer addition, so it carries into the next channel
-// instead of saturating (intended: the buttons have always been painted so). A selected item is pressed
-// whether or not it is focused or pushed (the painting test shows the other states). The inner rectangle leaves a one-pixel frame; the icon sits at the left,
+// instead of saturating (intended: the buttons have always been painted so). Pressed (selected or pushed)
+// wins over focus; the painting test shows the faces of the other states. The inner rectangle leaves a one-pixel frame; the icon sits at the left,
 // centred, and pushes the text.
 TEST(OwnerButton, ColoursFillAndLayout) {
     EXPECT_EQ(RGB(0xDA, 0xDA, 0xDA), lmvx::LightFaceColor(RGB(0xD0, 0xD0, 0xD0)));
     EXPECT_EQ(static_cast<COLORREF>(0x00FA0B04), lmvx::LightFaceColor(RGB(0xFA, 0x00, 0xF0)));
     EXPECT_EQ(static_cast<COLORREF>(0x000B0A09), lmvx::LightFaceColor(RGB(0xFF, 0xFF, 0x00)));
+    EXPECT_EQ(ButtonFill::Highlight, lmvx::ChooseButtonFill(false, true, true));
     EXPECT_EQ(ButtonFill::Highlight, lmvx::ChooseButtonFill(true, false, true));
     EXPECT_EQ(ButtonFill::Highlight, lmvx::ChooseButtonFill(true, true, false));
 

@@ -56,6 +56,7 @@ TEST(ProcessMenu, HoldsTheItemsInOrderGrayedAndNamedByTheFacts) {
                                          IDM_RESTART_PROCESS, 0, IDM_PROPERTIES};
     EXPECT_EQ(Commands(entries), expected);
     EXPECT_EQ(std::count_if(entries.begin(), entries.end(), [](const MenuEntry& e) { return e.isDefault; }), 1);
+    EXPECT_EQ(EntryFor(entries, IDM_PROPERTIES).textId, static_cast<unsigned>(IDS_MENU_PROPERTIES));
 
     // The window items name the choice (one window or many) and are grayed without windows; Restart is grayed
     // without a command line; Priority is a grayed popup when its submenu could not be built.
