@@ -67,6 +67,7 @@ TEST(RunDialog, MruEntriesVerbFailuresAndSystemMessage) {
     EXPECT_EQ(RunVerb(true), nullptr);
     EXPECT_STREQ(RunVerb(false), L"runas");
     EXPECT_TRUE(IsShellExecuteFailure(0));
+    EXPECT_TRUE(IsShellExecuteFailure(SE_ERR_FNF));
     EXPECT_TRUE(IsShellExecuteFailure(32));
     EXPECT_FALSE(IsShellExecuteFailure(33));
     const std::wstring text = SystemMessageText(ERROR_FILE_NOT_FOUND);
