@@ -41,7 +41,7 @@ TEST(OptionsTreeWalk, GoesDepthFirstClimbsBackToTheNextSiblingAndStopsAfter512It
     EXPECT_EQ(last, 512);
 }
 
-TEST(TrayPageRule, HideFollowsTheTrayBoxAndTheGraphPartsStayDisabled) {
+TEST(TrayPageRule, HideFollowsTheTrayBoxAndTheGraphContentBoxesStayDisabled) {
     for (bool tray : {false, true}) {
         const lmvx::TrayPageEnabling enabling = lmvx::TrayPageEnablingFor(tray, true);
         EXPECT_EQ(enabling.hideWhenMinimized, tray);
