@@ -99,7 +99,7 @@ TEST(PerfMonSource, OneSourceForTheProcessWhoseReadersWithinTheMinimumAgeShareOn
         const long before = CountSystemProcesses();
         counters.Update();
         const long read = counters.GetProcessCount();
-        return read != first && before == CountSystemProcesses() && read == before;
+        return read != static_cast<long>(first) && before == CountSystemProcesses() && read == before;
     }, 60000)) << counters.GetProcessCount() << " against " << CountSystemProcesses();
     EXPECT_EQ(source->GetSystemProcessCount(), first);
     // Renewed at every read now: a read comes to agree with the system's own count taken around it. (A
